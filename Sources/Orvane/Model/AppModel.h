@@ -1,0 +1,173 @@
+#pragma once
+
+#include "Model/FocusController.h"
+#include "Model/SettingsModel.h"
+#include "Model/TaskListModel.h"
+
+#include <PlannerCore/PlannerRepository.h>
+#include <PlannerCore/PlannerSnapshot.h>
+
+#include <QObject>
+#include <QString>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace orvane {
+
+class CalendarService;
+class ReminderService;
+class UpdateService;
+struct Platform;
+
+/// The application's one store of state: the planner in memory, the repository that keeps it, the
+/// services, and the short texts that the views show. Views read its properties and call its
+/// commands; each command edits the planner in memory and ends with `persist`. Main thread.
+class AppModel : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(bool ready READ ready NOTIFY readyChanged)
+    Q_PROPERTY(bool restoring READ restoring NOTIFY restoringChanged)
+    Q_PROPERTY(bool storageFailed READ storageFailed NOTIFY storageFailedChanged)
+    Q_PROPERTY(QString saveState READ saveState NOTIFY saveStateChanged)
+    /// Empty when there is none.
+    Q_PROPERTY(QString error READ errorText WRITE setErrorText NOTIFY errorChanged)
+    Q_PROPERTY(QString notice READ noticeText WRITE setNoticeText NOTIFY noticeChanged)
+    /// Whether the footer offers "Undo" for the last removed task.
+    Q_PROPERTY(bool canUndoDelete READ canUndoDelete NOTIFY canUndoDeleteChanged)
+    /// Rises each time the workspace is asked to put the keyboard into the add field.
+    Q_PROPERTY(int focusRequest READ focusRequest NOTIFY focusRequestChanged)
+    Q_PROPERTY(orvane::SettingsModel* settings READ settings CONSTANT)
+    Q_PROPERTY(orvane::FocusController* focus READ focus CONSTANT)
+    Q_PROPERTY(orvane::TaskListModel* openTasks READ openTasks CONSTANT)
+    Q_PROPERTY(orvane::TaskListModel* completedTasks READ completedTasks CONSTANT)
+
+public:
+    /// Builds everything with one reference to the platform, which must outlive this; opens no store.
+    explicit AppModel(Platform& platform, QObject* parent = nullptr);
+    ~AppModel() override;
+
+    const planner::PlannerSnapshot& snapshot() const { return snapshot_; }
+    bool ready() const { return ready_; }
+    bool restoring() const { return restoring_; }
+    /// Whether opening the planner failed and nothing is loaded.
+    bool storageFailed() const { return !repository_ && !ready_ && error_.has_value(); }
+    const QString& saveState() const { return saveState_; }
+    const std::optional<QString>& error() const { return error_; }
+    const std::optional<QString>& notice() const { return notice_; }
+    void setError(std::optional<QString> error);
+    void setNotice(std::optional<QString> notice);
+    bool canUndoDelete() const { return deleted_.has_value(); }
+    int focusRequest() const { return focusRequest_; }
+    /// Asks the workspace to put the keyboard into the add field; the window coordinator calls it.
+    void requestFocus();
+    std::int64_t revision() const { return revision_; }
+    std::int64_t lastSavedRevision() const { return lastSavedRevision_; }
+
+    SettingsModel* settings() const { return settings_.get(); }
+    FocusController* focus() const { return focus_.get(); }
+    CalendarService* calendar() const { return calendar_.get(); }
+    ReminderService* reminders() const { return reminders_.get(); }
+    UpdateService* updates() const { return updates_.get(); }
+    TaskListModel* openTasks() const { return openTasks_.get(); }
+    TaskListModel* completedTasks() const { return completedTasks_.get(); }
+
+    // Loading and saving.
+
+    /// Opens the store off the main thread and brings the model to ready, or sets `error`. Does
+    /// nothing while a load is under way or once ready.
+    Q_INVOKABLE void load();
+    /// As `load`; `done` is called on the main thread when it is over, either way.
+    void load(std::function<void()> done);
+    /// Hands a copy of the planner to the store. Does nothing until ready.
+    Q_INVOKABLE void persist();
+    /// Saves what there is and answers whether everything is on disk.
+    void flush(std::function<void(bool)> done);
+
+    // Tasks. A task is found by its id; an unknown id does nothing.
+
+    /// Trims the title and appends an open task; returns its id, or nothing when the title is empty or
+    /// too long (which sets `error`) or the model is not ready.
+    std::optional<planner::Uuid> addTask(const QString& title);
+    void rename(const planner::PlannerTask& task, const QString& title);
+    void toggle(const planner::PlannerTask& task);
+    /// Removes the task and keeps it for `undoDelete`.
+    void deleteTask(const planner::PlannerTask& task);
+    Q_INVOKABLE void undoDelete();
+    /// Puts a task before `target`, at the end when the target is missing, and renumbers the list.
+    void moveTask(const planner::Uuid& moved, const planner::Uuid& before);
+    /// Moves a task past its neighbour `offset` places away among the open tasks.
+    void moveTask(const planner::PlannerTask& task, int offset);
+    /// The open tasks in the planner's order. Costs a walk over all tasks: views read `openTasks`.
+    std::vector<planner::PlannerTask> incompleteTasks() const;
+
+    // The same commands for views, which know tasks by the text of their id. `addTask` returns the new
+    // id's text or an empty one.
+
+    Q_INVOKABLE QString addTaskTitled(const QString& title);
+    Q_INVOKABLE void renameTask(const QString& taskId, const QString& title);
+    Q_INVOKABLE void toggleTask(const QString& taskId);
+    Q_INVOKABLE void deleteTask(const QString& taskId);
+    Q_INVOKABLE void moveTaskBefore(const QString& taskId, const QString& targetId);
+    Q_INVOKABLE void moveTaskBy(const QString& taskId, int offset);
+
+    // Panel commands: callbacks that the window coordinator sets; calling an unset one does nothing.
+
+    std::function<void()> openDashboard;
+    std::function<void()> openSettings;
+    std::function<void()> dismissPanel;
+    std::function<void()> suppressPanel;
+    std::function<void()> restorePanel;
+    Q_INVOKABLE void requestDashboard() const;
+    Q_INVOKABLE void requestDismissal() const;
+
+    QString errorText() const { return error_.value_or(QString()); }
+    QString noticeText() const { return notice_.value_or(QString()); }
+    void setErrorText(const QString& text);
+    void setNoticeText(const QString& text);
+
+signals:
+    void readyChanged();
+    void restoringChanged();
+    void storageFailedChanged();
+    void saveStateChanged();
+    void errorChanged();
+    void noticeChanged();
+    void canUndoDeleteChanged();
+    void focusRequestChanged();
+    void snapshotChanged();
+
+private:
+    struct SaveJob;
+
+    Platform& platform_;
+    planner::PlannerSnapshot snapshot_;
+    bool ready_ = false;
+    bool restoring_ = false;
+    QString saveState_;
+    std::optional<QString> error_;
+    std::optional<QString> notice_;
+    int focusRequest_ = 0;
+    std::unique_ptr<SettingsModel> settings_;
+    std::unique_ptr<FocusController> focus_;
+    std::unique_ptr<CalendarService> calendar_;
+    std::unique_ptr<ReminderService> reminders_;
+    std::unique_ptr<UpdateService> updates_;
+    std::unique_ptr<TaskListModel> openTasks_;
+    std::unique_ptr<TaskListModel> completedTasks_;
+    std::shared_ptr<planner::PlannerRepository> repository_;
+    /// The most recent save; each waits for the one before it.
+    std::shared_ptr<SaveJob> saving_;
+    std::int64_t revision_ = 0;
+    std::int64_t lastSavedRevision_ = 0;
+    /// The task list last handed to the reminder service; none until the first successful save.
+    std::optional<planner::RecordList<planner::PlannerTask>> reconciledTasks_;
+    /// The task list as the store holds it.
+    planner::RecordList<planner::PlannerTask> durableTasks_;
+    /// The task removed last, kept for "Undo".
+    std::optional<planner::PlannerTask> deleted_;
+};
+
+} // namespace orvane

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "Platform/Clock.h"
+
+#include <PlannerCore/FocusEngine.h>
+#include <PlannerCore/PlannerTask.h>
+
+#include <QObject>
+#include <QString>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace orvane {
+
+/// Drives one focus session in real time: shows it once a second, closes it into a segment every 15
+/// seconds, and tells its owner what must be saved and when a countdown has run out. Main thread.
+class FocusController : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(double seconds READ seconds NOTIFY secondsChanged)
+    Q_PROPERTY(QString timeText READ timeText NOTIFY secondsChanged)
+    /// "" without a session, otherwise "running", "paused" or "finished".
+    Q_PROPERTY(QString status READ statusText NOTIFY engineChanged)
+    Q_PROPERTY(bool recovered READ recovered NOTIFY recoveredChanged)
+
+public:
+    /// `clock` must outlive this.
+    explicit FocusController(Clock& clock, QObject* parent = nullptr);
+
+    const std::optional<planner::FocusEngine>& engine() const { return engine_; }
+    /// Time left for a countdown, time spent for a stopwatch, 0 without a session.
+    double seconds() const { return seconds_; }
+    QString timeText() const;
+    QString statusText() const;
+    /// Whether the session was found running at launch and has been paused since.
+    bool recovered() const { return recovered_; }
+    bool isRunning() const;
+
+    /// Begins a session on `task`, after finishing an open one. Minutes whose seconds overflow end the
+    /// program with a message.
+    void start(const planner::PlannerTask& task, planner::FocusMode mode, std::int64_t minutes);
+    void pause();
+    void resume();
+    /// Ends the session; a finished or missing one is only shown again.
+    void finish();
+    /// Closes the running stretch into a segment and has it saved.
+    void checkpoint();
+    /// Takes over a stored session, paused; none clears the controller. Nothing is saved.
+    void restore(std::optional<planner::FocusSession> session);
+
+    /// Called whenever the session must be saved.
+    std::function<void(const planner::FocusSession&)> onCheckpoint;
+    /// Called when a countdown has run out.
+    std::function<void(const planner::FocusSession&)> onCompleted;
+
+signals:
+    void engineChanged();
+    void secondsChanged();
+    void recoveredChanged();
+
+private:
+    void beginTicking();
+    void tick();
+    void updateDisplay();
+    void notifyIfDeadlineReached(std::optional<planner::FocusStatus> previous);
+    void save();
+    std::optional<planner::FocusStatus> status() const;
+    void setRecovered(bool recovered);
+
+    Clock& clock_;
+    std::optional<planner::FocusEngine> engine_;
+    double seconds_ = 0;
+    bool recovered_ = false;
+    std::unique_ptr<Timer> ticker_;
+    std::int64_t ticks_ = 0;
+};
+
+} // namespace orvane

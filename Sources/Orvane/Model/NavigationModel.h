@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QObject>
+
+namespace orvane {
+
+/// The Dashboard's selected page. Main thread.
+class NavigationModel : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(DashboardPage page READ page WRITE setPage NOTIFY pageChanged)
+
+public:
+    enum class DashboardPage { today, insights, history, settings };
+    Q_ENUM(DashboardPage)
+
+    using QObject::QObject;
+
+    DashboardPage page() const { return page_; }
+    void setPage(DashboardPage page) {
+        if (page == page_) return;
+        page_ = page;
+        emit pageChanged();
+    }
+
+signals:
+    void pageChanged();
+
+private:
+    DashboardPage page_ = DashboardPage::today;
+};
+
+} // namespace orvane
