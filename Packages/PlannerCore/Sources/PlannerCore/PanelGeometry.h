@@ -40,7 +40,8 @@ struct Request {
 };
 
 /// The panel's frame: centred on the screen's top edge, kept inside the visible frame. Pure; any
-/// thread. A card count of INT64_MIN overflows and ends the program with a message.
+/// thread. Expanded, a card count of INT64_MIN overflows and
+/// ends the program with a message.
 Rect frame(const Request& request);
 
 } // namespace panelGeometry
