@@ -1,0 +1,11 @@
+#pragma once
+
+#include <cstdlib>
+
+/// How often a loop of a randomized or exhaustive test runs: `count`, divided by the number in the
+/// environment's ORVANE_TEST_SCALE where one is set (slow, sanitized builds set it), at least once.
+inline int scaled(int count) {
+    const char* text = std::getenv("ORVANE_TEST_SCALE");
+    const int divisor = text ? std::atoi(text) : 1;
+    return divisor > 1 && count > divisor ? count / divisor : (divisor > 1 ? 1 : count);
+}
