@@ -2,8 +2,12 @@
 
 #include <PlannerCore/Instant.h>
 
+#include <QList>
 #include <QObject>
 #include <QString>
+
+#include <functional>
+#include <optional>
 
 namespace orvane {
 
@@ -15,6 +19,27 @@ enum class CalendarAuthorization {
     writeOnly = 4
 };
 
+/// One occurrence of an event, as its calendar holds it.
+struct CalendarEvent {
+    /// Names the event, not the occurrence; empty when its calendar gives it no name.
+    QString identifier;
+    /// Empty when it has none.
+    QString title;
+    planner::Instant start;
+    planner::Instant end;
+    bool allDay = false;
+    /// The title of the calendar that holds it.
+    QString calendar;
+    std::optional<QString> location;
+};
+
+/// What a look into the calendars gave.
+struct CalendarEvents {
+    QList<CalendarEvent> events;
+    /// Why there are none, as a text for the user; absent on success.
+    std::optional<QString> failure;
+};
+
 /// The user's calendars. Main thread.
 class EventStore : public QObject {
     Q_OBJECT
@@ -24,6 +49,11 @@ public:
 
     /// Whether events may be read; asks the user for nothing.
     virtual CalendarAuthorization authorization() const = 0;
+
+    /// Reads the events of all calendars that fall between `start` and `end`. Asked only while
+    /// `authorization` is full access. The answer comes later, never inside the call.
+    virtual void events(planner::Instant start, planner::Instant end,
+                        std::function<void(CalendarEvents)> answer) = 0;
 
 signals:
     /// Some event or calendar changed.
