@@ -3,6 +3,7 @@
 #include "Model/FocusController.h"
 #include "Model/SettingsModel.h"
 #include "Model/TaskListModel.h"
+#include "Model/TaskTable.h"
 
 #include <PlannerCore/PlannerRepository.h>
 #include <PlannerCore/PlannerSnapshot.h>
@@ -79,21 +80,25 @@ public:
     /// Opens the store off the main thread and brings the model to ready, or sets `error`. Does
     /// nothing while a load is under way or once ready.
     Q_INVOKABLE void load();
-    /// As `load`; `done` is called on the main thread when it is over, either way.
+    /// As `load`; `done` is called on the main thread when the model is ready or has failed, also for a
+    /// load that was already under way; at once when there is nothing to wait for. Never called when the
+    /// model is gone by then.
     void load(std::function<void()> done);
-    /// Hands a copy of the planner to the store. Does nothing until ready.
+    /// Hands a copy of the planner to the store, behind the saves already under way. Does nothing until
+    /// ready.
     Q_INVOKABLE void persist();
-    /// Saves what there is and answers whether everything is on disk.
+    /// Saves what there is and answers whether everything is on disk: at once when nothing could be
+    /// started, otherwise when that save has settled; never when the model is gone by then.
     void flush(std::function<void(bool)> done);
 
-    // Tasks. A task is found by its id; an unknown id does nothing.
+    // Tasks. A task is found by its id; an unknown id does nothing. Nothing is edited until ready.
 
     /// Trims the title and appends an open task; returns its id, or nothing when the title is empty or
-    /// too long (which sets `error`) or the model is not ready.
+    /// too long or the list is full (both set `error`) or the model is not ready.
     std::optional<planner::Uuid> addTask(const QString& title);
     void rename(const planner::PlannerTask& task, const QString& title);
     void toggle(const planner::PlannerTask& task);
-    /// Removes the task and keeps it for `undoDelete`.
+    /// Removes the task and keeps it, as the list had it, for `undoDelete`.
     void deleteTask(const planner::PlannerTask& task);
     Q_INVOKABLE void undoDelete();
     /// Puts a task before `target`, at the end when the target is missing, and renumbers the list.
@@ -125,6 +130,7 @@ public:
 
     QString errorText() const { return error_.value_or(QString()); }
     QString noticeText() const { return notice_.value_or(QString()); }
+    /// An empty text clears it.
     void setErrorText(const QString& text);
     void setNoticeText(const QString& text);
 
@@ -140,12 +146,35 @@ signals:
     void snapshotChanged();
 
 private:
+    struct Opening;
     struct SaveJob;
+
+    /// Whether commands may change the planner.
+    bool editable() const { return ready_ && !restoring_; }
+    void openStore(std::filesystem::path folder);
+    void adopt(Opening& opening);
+    void failToOpen(const QString& description);
+    void endLoading();
+    void wireFocus();
+    void resumeUnfinishedSession();
+    void record(const planner::FocusSession& session);
+    void announceTimeUp(const planner::FocusSession& session);
+    bool focusIsOn(const planner::Uuid& taskId) const;
+    void moveTask(const planner::Uuid& moved, const std::optional<planner::Uuid>& before);
+    std::optional<planner::PlannerTask> taskNamed(const QString& taskId);
+    void settle(const SaveJob& job);
+    void tasksEdited();
+    void keepDeleted(std::optional<planner::PlannerTask> task);
+    void setSaveState(const QString& text);
+    void updateStorageFailed();
 
     Platform& platform_;
     planner::PlannerSnapshot snapshot_;
+    /// Edits `snapshot_.tasks`.
+    TaskTable tasks_{snapshot_.tasks};
     bool ready_ = false;
     bool restoring_ = false;
+    bool storageFailedBefore_ = false;
     QString saveState_;
     std::optional<QString> error_;
     std::optional<QString> notice_;
@@ -157,7 +186,11 @@ private:
     std::unique_ptr<UpdateService> updates_;
     std::unique_ptr<TaskListModel> openTasks_;
     std::unique_ptr<TaskListModel> completedTasks_;
+    /// Shared with the saves in the air, which may outlive the model.
     std::shared_ptr<planner::PlannerRepository> repository_;
+    bool loading_ = false;
+    /// Whom to tell when the load under way is over.
+    std::vector<std::function<void()>> awaitingLoad_;
     /// The most recent save; each waits for the one before it.
     std::shared_ptr<SaveJob> saving_;
     std::int64_t revision_ = 0;

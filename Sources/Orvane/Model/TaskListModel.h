@@ -5,6 +5,8 @@
 
 #include <QAbstractListModel>
 
+#include <cstddef>
+#include <unordered_map>
 #include <vector>
 
 namespace orvane {
@@ -40,10 +42,30 @@ signals:
     void countChanged();
 
 private:
+    using Tasks = planner::RecordList<planner::PlannerTask>;
+    /// Shown tasks, in order. They stand in the chunks of a `Tasks` that is kept for as long.
+    using Rows = std::vector<const planner::PlannerTask*>;
+
+    bool shows(const planner::PlannerTask& task) const;
+    void update(std::size_t row, const planner::PlannerTask* task);
+    void replaceRows(std::size_t first, std::size_t last, const Rows& wanted);
+    bool moveOne(std::size_t first, std::size_t last, const Rows& wanted);
+    void rebuildRows(std::size_t first, std::size_t last, const Rows& wanted);
+    /// Brings rows of wanted tasks into the order of `places`; returns where they end then.
+    std::size_t sortRows(std::size_t first, std::size_t last,
+                         const std::unordered_map<planner::Uuid, std::size_t>& places);
+    /// Removes the rows for which `keep` does not hold; returns where the others end.
+    template <class Keep>
+    std::size_t removeUnless(std::size_t first, std::size_t last, Keep keep);
+    void removeRange(std::size_t first, std::size_t last);
+    void insertRange(std::size_t row, Rows::const_iterator first, Rows::const_iterator last);
+    void moveRow(std::size_t from, std::size_t to);
+
     const Shown shown_;
-    planner::RecordList<planner::PlannerTask> tasks_;
-    /// For each row, its task's position in `tasks_`.
-    std::vector<std::size_t> rows_;
+    Tasks tasks_;
+    Rows rows_;
+    /// For each chunk of `tasks_`, how many of its records are shown.
+    std::vector<std::size_t> shownInChunk_;
 };
 
 } // namespace orvane
