@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Platform/EventStore.h"
+
+#include <QtGlobal>
+
+#include <deque>
+#include <functional>
+#include <utility>
+
+namespace orvane::test {
+
+/// Calendars whose answers wait until the test gives them, in any order.
+class FakeEventStore : public EventStore {
+public:
+    struct Question {
+        planner::Instant start;
+        planner::Instant end;
+        std::function<void(CalendarEvents)> answer;
+    };
+
+    CalendarAuthorization authorization() const override { return status; }
+    void events(planner::Instant start, planner::Instant end,
+                std::function<void(CalendarEvents)> answer) override {
+        if (status != CalendarAuthorization::fullAccess) qFatal("the events were read without access");
+        questions.push_back({start, end, std::move(answer)});
+    }
+
+    CalendarAuthorization status = CalendarAuthorization::notDetermined;
+    std::deque<Question> questions;
+};
+
+} // namespace orvane::test
