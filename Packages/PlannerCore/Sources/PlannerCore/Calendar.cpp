@@ -1,7 +1,10 @@
 #include <PlannerCore/Calendar.h>
 
-#include <date/tz.h>
+#include <PlannerCore/Detail/TimeZone.h>
 
+#include <date/date.h>
+
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <stdexcept>
@@ -12,41 +15,31 @@ namespace {
 constexpr std::int64_t secondsADay = 86400;
 constexpr auto unixEpochSeconds = std::int64_t(unixEpochOffset);
 
-/// Days since 1970-01-01.
-std::int64_t dayNumber(date::year_month_day day) {
-    return date::local_days(day).time_since_epoch().count();
-}
+/// Days since 1970-01-01 of the first and the last day there is.
+constexpr std::int64_t firstDay =
+    date::local_days(date::year::min() / date::January / 1).time_since_epoch().count();
+constexpr std::int64_t lastDay =
+    date::local_days(date::year::max() / date::December / 31).time_since_epoch().count();
 
-bool representable(std::int64_t day) {
-    static const auto first = dayNumber(date::year::min() / date::January / 1);
-    static const auto last = dayNumber(date::year::max() / date::December / 31);
-    return first <= day && day <= last;
+std::int64_t dayContaining(std::int64_t localSeconds) {
+    return localSeconds / secondsADay - (localSeconds % secondsADay < 0 ? 1 : 0);
 }
 
 /// The local day number of an instant.
-std::optional<std::int64_t> localDay(const date::time_zone& zone, Instant instant) {
-    // Far outside every year and well inside 64 bits.
-    if (!(std::abs(instant.seconds) < 1e15)) return std::nullopt;
-    const auto whole = std::int64_t(std::floor(instant.seconds)) + unixEpochSeconds;
-    const date::sys_seconds time{std::chrono::seconds(whole)};
-    const auto local = whole + zone.get_info(time).offset.count();
-    const auto day = local / secondsADay - (local % secondsADay < 0 ? 1 : 0);
-    if (!representable(day)) return std::nullopt;
+std::optional<std::int64_t> localDay(const detail::TimeZone& zone, Instant instant) {
+    const auto inUnixTime = std::floor(instant.seconds) + unixEpochOffset;
+    if (!(inUnixTime >= double(firstDay * secondsADay) && inUnixTime < double((lastDay + 1) * secondsADay)))
+        return std::nullopt;
+    const auto whole = std::int64_t(inUnixTime);
+    const auto day = dayContaining(whole + zone.spanAt(whole).offset);
+    if (day < firstDay || day > lastDay) return std::nullopt;
     return day;
-}
-
-const date::time_zone* located(std::string_view name) {
-    try {
-        return date::locate_zone(name);
-    } catch (const std::runtime_error& error) {
-        throw std::invalid_argument(error.what());
-    }
 }
 
 } // namespace
 
 Calendar::Calendar(std::string_view timeZone, unsigned firstWeekday)
-    : zone_(located(timeZone)), firstWeekday_(firstWeekday) {
+    : zone_(std::make_shared<detail::TimeZone>(timeZone)), firstWeekday_(firstWeekday) {
     if (firstWeekday > 6) throw std::invalid_argument("a weekday is 0 to 6");
 }
 
@@ -67,13 +60,17 @@ std::optional<Instant> Calendar::startOfDay(Instant instant) const {
 
 std::optional<Instant> Calendar::startOfDay(Instant instant, int days) const {
     const auto today = localDay(*zone_, instant);
-    if (!today || !representable(*today + days)) return std::nullopt;
-    const date::local_seconds midnight{std::chrono::seconds((*today + days) * secondsADay)};
-    const auto info = zone_->get_info(midnight);
-    const auto start = info.result == date::local_info::nonexistent
-                           ? info.first.end
-                           : date::sys_seconds(midnight.time_since_epoch() - info.first.offset);
-    return Instant{double(start.time_since_epoch().count() - unixEpochSeconds)};
+    if (!today || *today + days < firstDay || *today + days > lastDay) return std::nullopt;
+    // The first moment at which local clocks show this midnight or, where they jump over it, anything
+    // later. No offset reaches a whole day, so the search begins early enough.
+    const auto midnight = (*today + days) * secondsADay;
+    auto span = zone_->spanAt(std::max(midnight - secondsADay, firstDay * secondsADay));
+    while (midnight - span.offset >= span.end) span = zone_->spanAt(span.end);
+    return Instant{double(std::max(midnight - span.offset, span.begin) - unixEpochSeconds)};
+}
+
+bool Calendar::operator==(const Calendar& other) const {
+    return firstWeekday_ == other.firstWeekday_ && zone_->name() == other.zone_->name();
 }
 
 } // namespace planner

@@ -2,15 +2,16 @@
 
 #include <PlannerCore/Instant.h>
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
-namespace date {
-class time_zone;
-}
-
 namespace planner {
+
+namespace detail {
+class TimeZone;
+}
 
 /// A day of the proleptic Gregorian calendar.
 struct CivilDay {
@@ -21,12 +22,13 @@ struct CivilDay {
     auto operator<=>(const CivilDay&) const = default;
 };
 
-/// The Gregorian calendar in one time zone. A plain value; any thread.
+/// The Gregorian calendar in one time zone. A plain value whose copies share the zone; any thread.
 class Calendar {
 public:
     /// `timeZone` is a name of the system's tzdata ("Europe/Berlin", "UTC"); `firstWeekday` is 0 for
     /// Sunday to 6 for Saturday. Throws std::invalid_argument for a zone that the system does not
     /// know or a weekday outside that range.
+    /// Reads the zone's file, so a calendar is made once and kept.
     explicit Calendar(std::string_view timeZone, unsigned firstWeekday = 1);
 
     std::string timeZone() const;
@@ -44,10 +46,11 @@ public:
     /// `instant`. A date that the zone skipped altogether begins where the skip ends.
     std::optional<Instant> startOfDay(Instant instant, int days) const;
 
-    bool operator==(const Calendar&) const = default;
+    /// Zones are the same when their names are.
+    bool operator==(const Calendar& other) const;
 
 private:
-    const date::time_zone* zone_;
+    std::shared_ptr<const detail::TimeZone> zone_;
     unsigned firstWeekday_;
 };
 
