@@ -11,7 +11,7 @@
 
 namespace orvane {
 
-/// One attached display. Lengths in logical pixels; y grows upwards from the bottom of the desktop.
+/// One attached display. Lengths in logical pixels; y grows upwards.
 struct Screen {
     /// Names the display across restarts; never 0.
     std::uint32_t id = 0;

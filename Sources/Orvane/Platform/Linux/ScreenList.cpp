@@ -1,0 +1,86 @@
+#include "Platform/Linux/ScreenList.h"
+
+#include <QGuiApplication>
+#include <QRect>
+#include <QScreen>
+#include <QStringList>
+
+namespace orvane {
+namespace {
+
+std::uint32_t identifier(const QScreen& screen) {
+    const QStringList reported{screen.manufacturer(), screen.model(), screen.serialNumber()};
+    const bool empty = reported.join(QString()).trimmed().isEmpty();
+    return displayHash(empty ? screen.name() : reported.join(QLatin1Char('\n')));
+}
+
+bool builtIn(const QString& output) {
+    for (const auto* kind : {"eDP", "LVDS", "DSI"})
+        if (output.startsWith(QLatin1String(kind), Qt::CaseInsensitive)) return true;
+    return false;
+}
+
+QString title(const QScreen& screen) {
+    const auto reported = QStringList{screen.manufacturer(), screen.model()}.join(QLatin1Char(' ')).trimmed();
+    return reported.isEmpty() ? screen.name() : reported;
+}
+
+Screen described(const QScreen& screen) {
+    Screen result;
+    result.id = identifier(screen);
+    result.name = title(screen);
+    result.frame = upwards(screen.geometry());
+    result.visible = upwards(screen.availableGeometry());
+    result.scale = screen.devicePixelRatio();
+    result.builtIn = builtIn(screen.name());
+    return result;
+}
+
+} // namespace
+
+ScreenList::ScreenList(QObject* parent) : Screens(parent) {
+    if (!qobject_cast<QGuiApplication*>(qApp)) return;
+    for (auto* screen : QGuiApplication::screens()) follow(screen);
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, [this](QScreen* screen) {
+        follow(screen);
+        emit changed();
+    });
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &Screens::changed, Qt::QueuedConnection);
+    connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &Screens::changed);
+}
+
+void ScreenList::follow(QScreen* screen) {
+    connect(screen, &QScreen::geometryChanged, this, &Screens::changed);
+    connect(screen, &QScreen::availableGeometryChanged, this, &Screens::changed);
+    connect(screen, &QScreen::logicalDotsPerInchChanged, this, &Screens::changed);
+}
+
+QList<Screen> ScreenList::list() const {
+    QList<Screen> result;
+    if (!qobject_cast<QGuiApplication*>(qApp)) return result;
+    const auto screens = QGuiApplication::screens();
+    for (const auto* screen : screens)
+        // The window system stands in with a nameless screen while no display is connected.
+        if (!screen->name().isEmpty() && !screen->geometry().isEmpty()) result.append(described(*screen));
+    return result;
+}
+
+planner::Rect upwards(const QRect& rect) {
+    return {double(rect.x()), -double(rect.y()) - rect.height(), double(rect.width()), double(rect.height())};
+}
+
+QRect downwards(const planner::Rect& rect) {
+    return {qRound(rect.x), qRound(-rect.maxY()), qRound(rect.width), qRound(rect.height)};
+}
+
+std::uint32_t displayHash(const QString& text) {
+    std::uint32_t hash = 2166136261u;
+    const auto bytes = text.toUtf8();
+    for (const char byte : bytes) {
+        hash ^= static_cast<unsigned char>(byte);
+        hash *= 16777619u;
+    }
+    return hash == 0 ? 1 : hash;
+}
+
+} // namespace orvane

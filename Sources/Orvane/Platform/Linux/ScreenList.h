@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Platform/Screens.h"
+
+class QRect;
+class QScreen;
+
+namespace orvane {
+
+/// The window system's displays as Qt knows them; empty in a program without a window system. The id
+/// is a hash of the maker, model and serial number that the display reports (EDID), or of its
+/// output's name where it reports none.
+class ScreenList : public Screens {
+    Q_OBJECT
+
+public:
+    explicit ScreenList(QObject* parent = nullptr);
+
+    QList<Screen> list() const override;
+
+private:
+    void follow(QScreen* screen);
+};
+
+/// Between the window system's rectangles (y downwards from the top of the desktop) and the
+/// program's: y is turned round at the desktop's top edge, which is 0 in both.
+planner::Rect upwards(const QRect& rect);
+QRect downwards(const planner::Rect& rect);
+
+/// The 32-bit FNV-1a hash of a text's UTF-8 bytes, 1 in place of 0.
+std::uint32_t displayHash(const QString& text);
+
+} // namespace orvane
