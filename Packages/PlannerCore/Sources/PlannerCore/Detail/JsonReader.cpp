@@ -3,6 +3,7 @@
 #include <PlannerCore/Detail/Text.h>
 #include <PlannerCore/PlannerError.h>
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstring>
@@ -22,8 +23,9 @@ namespace {
 /// The reader scans in aligned blocks of 16 bytes and may look that far past the end.
 constexpr std::size_t padding = 16;
 
-[[noreturn]] void refuse(std::string_view problem, std::size_t position) {
-    throw JsonError(std::string(problem) + " at byte " + std::to_string(position));
+[[noreturn]] void refuse(std::string_view problem, std::size_t position,
+                         std::string_view where = " at byte ") {
+    throw JsonError(std::string(problem).append(where) + std::to_string(position));
 }
 
 /// A \u escape can spell half of a surrogate pair alone, which is no character: as UTF-8 it would be
@@ -83,13 +85,14 @@ void readInPlace(char* text, std::size_t size, JsonEvents& events) {
     rapidjson::InsituStringStream stream(text);
     Handler handler(events);
     rapidjson::Reader reader;
+    rapidjson::ParseResult result;
     try {
-        const auto result = reader.Parse<flags>(stream, handler);
-        if (result.IsError()) refuse(rapidjson::GetParseError_En(result.Code()), result.Offset());
+        result = reader.Parse<flags>(stream, handler);
     } catch (const JsonError& error) {
-        if (reader.HasParseError()) throw;
-        refuse(error.what(), std::min(stream.Tell(), size));
+        // The reader has taken the value by now, or is about to go into it.
+        refuse(error.what(), std::min(stream.Tell(), size), " near byte ");
     }
+    if (result.IsError()) refuse(rapidjson::GetParseError_En(result.Code()), result.Offset());
 }
 
 /// The value of a number as digits without zeros at either end, times ten to the power `exponent`.
