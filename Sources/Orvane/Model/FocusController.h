@@ -43,7 +43,7 @@ public:
     void start(const planner::PlannerTask& task, planner::FocusMode mode, std::int64_t minutes);
     void pause();
     void resume();
-    /// Ends the session; a finished or missing one is only shown again.
+    /// Ends the session; one that is finished already is only saved and shown again.
     void finish();
     /// Closes the running stretch into a segment and has it saved.
     void checkpoint();

@@ -43,7 +43,7 @@ struct Preferences {
 
     /// JSON with the fields' names as keys, sorted; `hiddenCards` in the cards' default order.
     QByteArray encoded() const;
-    /// Reads what `encoded` writes. A missing key takes its default; bytes that are no such object, a
+    /// Reads what `encoded` writes. A missing or null key takes its default; bytes that are no such object, a
     /// value of the wrong type or an unknown card give nothing.
     static std::optional<Preferences> decoded(const QByteArray& bytes);
     /// These preferences with minutes and width clamped and every card listed exactly once.

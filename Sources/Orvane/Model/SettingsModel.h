@@ -85,6 +85,9 @@ signals:
     void loginChanged();
 
 private:
+    /// Takes the record over, announces what differs and saves it even when nothing does.
+    void apply(const Preferences& preferences);
+
     Platform& platform_;
     Preferences preferences_;
     QList<DisplayOption> displays_;

@@ -8,7 +8,8 @@
 
 namespace orvane {
 
-/// A pending delay or a running ticker. Destroying it cancels it: its action is not called again.
+/// A pending delay or a running ticker. Destroying it cancels it: its action is not called again. An
+/// action may destroy its own timer.
 class Timer {
 public:
     virtual ~Timer() = default;
