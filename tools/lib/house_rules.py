@@ -114,8 +114,9 @@ def our_module_is_imported_under_a_name(source):
 
 
 def components_are_bound(source):
-    """Delegates name what they use: every view declares ComponentBehavior: Bound."""
-    if source.suffix == ".qml" and source.below("Sources") and "pragma Singleton" not in source.text \
+    """Delegates name what they use: a view with components in it declares ComponentBehavior: Bound."""
+    if source.suffix == ".qml" and source.below("Sources") \
+            and re.search(r"\bdelegate:|\bComponent\s*\{|\bsourceComponent:", source.text) \
             and not re.search(r"^pragma ComponentBehavior: Bound$", source.text, re.MULTILINE):
         yield 1, "pragma ComponentBehavior: Bound is missing"
 
