@@ -4,7 +4,7 @@
 
 namespace orvane {
 
-/// The calendars while the user has never been asked for them.
+/// The calendars while the user has never been asked for them: reading is refused with a text.
 class UnaskedEventStore : public EventStore {
     Q_OBJECT
 
@@ -12,6 +12,8 @@ public:
     using EventStore::EventStore;
 
     CalendarAuthorization authorization() const override { return CalendarAuthorization::notDetermined; }
+    void events(planner::Instant start, planner::Instant end,
+                std::function<void(CalendarEvents)> answer) override;
 };
 
 } // namespace orvane

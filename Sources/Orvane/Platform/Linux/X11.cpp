@@ -29,7 +29,7 @@ xcb_window_t root() {
 xcb_atom_t atom(const char* name) {
     const auto cookie = xcb_intern_atom(connection(), 0, std::uint16_t(std::strlen(name)), name);
     const auto reply = owned(xcb_intern_atom_reply(connection(), cookie, nullptr));
-    return reply ? reply->atom : XCB_ATOM_NONE;
+    return reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
 }
 
 std::vector<std::uint32_t> property(xcb_window_t window, xcb_atom_t name, xcb_atom_t type) {

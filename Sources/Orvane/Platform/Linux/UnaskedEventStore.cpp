@@ -1,0 +1,19 @@
+#include "Platform/Linux/UnaskedEventStore.h"
+
+#include <QMetaObject>
+
+#include <utility>
+
+namespace orvane {
+
+void UnaskedEventStore::events(planner::Instant, planner::Instant,
+                               std::function<void(CalendarEvents)> answer) {
+    QMetaObject::invokeMethod(
+        this,
+        [answer = std::move(answer)] {
+            answer({{}, tr("No calendar has been connected.")});
+        },
+        Qt::QueuedConnection);
+}
+
+} // namespace orvane
