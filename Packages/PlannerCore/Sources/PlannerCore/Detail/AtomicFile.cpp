@@ -75,9 +75,12 @@ void writeAtomically(const std::filesystem::path& path, std::string_view bytes) 
     file.finish();
     Descriptor::check(rename(temporary.c_str(), path.c_str()) == 0);
     leftover.renamedTo(path);
-    const auto folder = path.parent_path().empty() ? std::filesystem::path(".") : path.parent_path();
-    Descriptor(folder, O_RDONLY | O_DIRECTORY | O_CLOEXEC).sync();
+    syncFolder(path.parent_path());
     leftover.keep();
+}
+
+void syncFolder(const std::filesystem::path& folder) {
+    Descriptor(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY | O_CLOEXEC).sync();
 }
 
 } // namespace planner::detail

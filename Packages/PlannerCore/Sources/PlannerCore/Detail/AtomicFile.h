@@ -10,4 +10,7 @@ namespace planner::detail {
 /// system's text; nothing is left then.
 void writeAtomically(const std::filesystem::path& path, std::string_view bytes);
 
+/// Returns once the names in `folder` (the current one, when empty) are on disk. Throws as above.
+void syncFolder(const std::filesystem::path& folder);
+
 } // namespace planner::detail

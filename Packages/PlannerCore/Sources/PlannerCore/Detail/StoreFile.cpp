@@ -1,5 +1,7 @@
 #include <PlannerCore/Detail/StoreFile.h>
 
+#include <PlannerCore/Detail/AtomicFile.h>
+
 #include <sqlite3.h>
 
 #include <cerrno>
@@ -103,8 +105,8 @@ void checkContents(Database& database) {
 enum class Found { perhapsNothing, planner };
 
 Found look(const std::string& path) {
+    if (!isPresent(path)) return Found::perhapsNothing;
     Database bytes(path, Access::immutable);
-    if (bytes.fileSize() == 0) return Found::perhapsNothing;
     const bool hasJournal = isPresent(path + "-journal");
     if (hasJournal && isUnfinished(bytes, path + "-journal")) return Found::perhapsNothing;
     checkHeader(bytes);
@@ -159,6 +161,8 @@ void createFolder(const std::filesystem::path& directory) {
     const auto parent = directory.parent_path();
     if (!parent.empty() && parent != directory) createFolder(parent);
     if (mkdir(directory.c_str(), 0700) != 0 && errno != EEXIST) throwSystemError(errno);
+    // The planner's files are as safe as the name of the folder that holds them.
+    syncFolder(parent);
 }
 
 Database openStore(const std::filesystem::path& path) {
