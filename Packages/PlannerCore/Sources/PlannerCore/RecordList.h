@@ -1,7 +1,9 @@
 #pragma once
 
 #include <algorithm>
+#include <atomic>
 #include <cstddef>
+#include <functional>
 #include <initializer_list>
 #include <iterator>
 #include <memory>
@@ -102,9 +104,10 @@ public:
 
     void push_back(T record) {
         if (chunks_.empty() || chunks_.back()->size() >= chunkCapacity) {
+            auto chunk = std::make_shared<Chunk>();
+            chunk->reserve(16);
             starts_.push_back(size());
-            chunks_.push_back(std::make_shared<Chunk>());
-            chunks_.back()->reserve(16);
+            chunks_.push_back(std::move(chunk));
         }
         writable(chunks_.size() - 1).push_back(std::move(record));
     }
@@ -141,30 +144,24 @@ public:
     /// many there were. Chunks without a match stay shared.
     template <class Predicate>
     std::size_t eraseIf(Predicate matches) {
-        std::size_t removed = 0;
-        for (std::size_t index = size(); index-- > 0;)
-            if (matches((*this)[index])) {
-                erase(index);
-                ++removed;
-            }
-        return removed;
+        const auto before = size();
+        for (std::size_t chunk = 0; chunk < chunks_.size(); ++chunk) {
+            const auto& records = *chunks_[chunk];
+            const auto first = std::find_if(records.begin(), records.end(), std::ref(matches));
+            if (first == records.end()) continue;
+            const auto from = first - records.begin();
+            auto& kept = writable(chunk);
+            // The first match is asked about only once: a predicate may count.
+            auto last = kept.begin() + from;
+            for (auto record = last + 1; record != kept.end(); ++record)
+                if (!matches(std::as_const(*record))) *last++ = std::move(*record);
+            kept.erase(last, kept.end());
+        }
+        std::erase_if(chunks_, [](const Shared& chunk) { return chunk->empty(); });
+        starts_.resize(chunks_.size());
+        recount(0);
+        return before - size();
     }
-
-    /// Calls `change` with each record for which `differs` holds and its position; `differs` gets the
-    /// same two. Chunks without such a record stay shared.
-    template <class Differs, class Change>
-    void changeIf(Differs differs, Change change) {
-        for (std::size_t chunk = 0; chunk < chunks_.size(); ++chunk)
-            for (std::size_t at = 0; at < chunks_[chunk]->size(); ++at)
-                if (const auto index = starts_[chunk] + at;
-                    differs(std::as_const((*chunks_[chunk])[at]), index))
-                    change(writable(chunk)[at], index);
-    }
-
-    std::size_t chunkCount() const { return chunks_.size(); }
-    /// The records of one chunk, in order. Two lists share a chunk exactly when these begin at the same
-    /// address.
-    std::span<const T> chunk(std::size_t chunk) const { return *chunks_[chunk]; }
 
     /// Field-by-field equality of all records in order. A chunk shared at the same place costs one
     /// pointer comparison.
@@ -210,6 +207,8 @@ private:
     Chunk& writable(std::size_t chunk) {
         auto& shared = chunks_[chunk];
         if (shared.use_count() > 1) shared = std::make_shared<Chunk>(*shared);
+        // Another thread that just let go of this chunk had read it: its reads come before our writes.
+        std::atomic_thread_fence(std::memory_order_acquire);
         return *shared;
     }
 
