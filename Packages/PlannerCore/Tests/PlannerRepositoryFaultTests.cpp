@@ -1,10 +1,16 @@
 #include <PlannerCore/PlannerRepository.h>
 
+#include "FaultMemory.h"
 #include "FaultVfs.h"
+#include "MemoryDisk.h"
 #include "ScratchFolder.h"
 #include "StoredRows.h"
+#include "TestScale.h"
 
 #include <gtest/gtest.h>
+
+#include <functional>
+#include <optional>
 
 using namespace planner;
 
@@ -26,7 +32,129 @@ std::string failureOfSave(PlannerRepository& repository, const PlannerSnapshot& 
     return {};
 }
 
+/// A short life of a store, each operation of which either does all that it says or throws a StoreError
+/// and changes nothing.
+class ShortLife {
+public:
+    explicit ShortLife(std::filesystem::path folder) : folder_(std::move(folder)) {
+        edited_.tasks.erase(0);
+        edited_.notes.push_back({"2026-03-07", std::string(20000, 'n'), Instant{2}});
+    }
+
+    /// Opens, saves and loads twice over. Adds a failure to the test when an operation failed in
+    /// another way or a load gave another planner than the one saved last.
+    void run() {
+        for (int time = 0; time < 2; ++time) {
+            attempt([&] { repository_.emplace(folder_); });
+            if (!repository_) continue;
+            save(planner_);
+            save(edited_);
+            attempt([&] { check(repository_->load()); });
+            repository_.reset();
+        }
+    }
+
+    /// What the store holds now that nothing fails any more, read by a fresh repository.
+    void checkAfterwards() {
+        repository_.reset();
+        try {
+            PlannerRepository repository(folder_);
+            check(repository.load());
+            repository.save(planner_);
+            EXPECT_EQ(repository.load(), planner_);
+        } catch (const std::exception& error) {
+            ADD_FAILURE() << "not healed: " << error.what();
+        }
+    }
+
+private:
+    void save(const PlannerSnapshot& planner) {
+        // A save that failed is undone; only a power cut may still bring it about.
+        if (attempt([&] { repository_->save(planner); }))
+            possible_ = {planner};
+        else
+            possible_.push_back(planner);
+    }
+    bool attempt(const std::function<void()>& action) {
+        try {
+            action();
+            return true;
+        } catch (const StoreError&) {
+        } catch (const std::exception& error) {
+            ADD_FAILURE() << "not a failure of the disk: " << error.what();
+        }
+        return false;
+    }
+    void check(const PlannerSnapshot& found) {
+        EXPECT_NE(std::ranges::find(possible_, found), possible_.end());
+    }
+
+    std::filesystem::path folder_;
+    std::optional<PlannerRepository> repository_;
+    const PlannerSnapshot planner_ = plannerOf(5);
+    PlannerSnapshot edited_ = planner_;
+    std::vector<PlannerSnapshot> possible_{PlannerSnapshot()};
+};
+
 } // namespace
+
+TEST(PlannerRepositoryFaults, WhicheverCallFailsTheStoreIsAsBeforeOrAfterAndWorksAgain) {
+    const ScratchFolder folder;
+    std::size_t calls = 0;
+    {
+        MemoryDisk memory;
+        FaultVfs disk;
+        ShortLife(folder.path()).run();
+        calls = disk.calls();
+    }
+    ASSERT_GT(calls, 200u);
+    std::size_t failed = 0;
+    const auto step = std::size_t(scaled(1000) == 1000 ? 1 : 7);
+    for (const int code : {SQLITE_FULL, SQLITE_IOERR, SQLITE_CANTOPEN, SQLITE_BUSY, SQLITE_NOMEM})
+        for (const bool once : {true, false})
+            for (std::size_t call = 0; call < calls; call += step) {
+                SCOPED_TRACE(testing::Message()
+                             << sqlite3_errstr(code) << (once ? ", once" : "") << " at " << call);
+                MemoryDisk memory;
+                FaultVfs disk;
+                disk.failAt(call, code, once);
+                ShortLife life(folder.path());
+                life.run();
+                failed += disk.hasFailed();
+                disk.heal();
+                life.checkAfterwards();
+                if (HasFailure()) return;
+            }
+    // Only locks can be busy; every call can fail in each of the other ways.
+    const auto tries = (calls + step - 1) / step;
+    EXPECT_GT(failed, 8 * tries);
+    EXPECT_LT(failed, 10 * tries);
+}
+
+TEST(PlannerRepositoryFaults, WhicheverAllocationFailsTheStoreIsAsBeforeOrAfterAndWorksAgain) {
+    const ScratchFolder folder;
+    FaultMemory memory;
+    const auto allocationsOfALife = [&] {
+        MemoryDisk disk;
+        const auto before = memory.allocations();
+        ShortLife(folder.path()).run();
+        return memory.allocations() - before;
+    };
+    const auto allocations = allocationsOfALife();
+    ASSERT_GT(allocations, 1000u);
+    const auto step = allocations / std::size_t(scaled(500));
+    for (const bool once : {true, false})
+        for (std::size_t number = 0; number < allocations; number += step) {
+            SCOPED_TRACE(testing::Message() << (once ? "once" : "") << " at " << number);
+            MemoryDisk disk;
+            memory.failAt(number, once);
+            ShortLife life(folder.path());
+            life.run();
+            memory.heal();
+            life.checkAfterwards();
+            if (HasFailure()) return;
+        }
+}
 
 TEST(PlannerRepositoryFaults, AFullDiskKeepsTheOldPlannerAndTakesTheNewOneOnceThereIsRoom) {
     const ScratchFolder folder;

@@ -156,7 +156,8 @@ int FaultVfs::begin(Call kind, bool changesDisk) {
     const auto number = callsSinceFault_++;
     const bool fails = mode_ == Mode::everything || (mode_ == Mode::writes && changesDisk) ||
                        (mode_ == Mode::at && (once_ ? number == at_ : number >= at_));
-    if (!fails) return SQLITE_OK;
+    // A read or a sync is never "busy", and SQLite relies on that.
+    if (!fails || (code_ == SQLITE_BUSY && kind != Call::lock)) return SQLITE_OK;
     hasFailed_ = true;
     lastError_ = systemError(code_);
     return code_;

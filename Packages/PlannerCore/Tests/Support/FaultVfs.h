@@ -22,7 +22,7 @@ public:
     /// From now on every call that would change something on disk fails with the SQLite result code:
     /// SQLITE_FULL, SQLITE_IOERR, SQLITE_CANTOPEN, SQLITE_BUSY, SQLITE_NOMEM, ...
     void failWrites(int code);
-    /// From now on every call fails.
+    /// From now on every call fails. SQLITE_BUSY, here and below, fails only calls that take a lock.
     void failEverything(int code);
     /// The call number `call` from now (the next one is 0) fails, and those after it too unless `once`.
     void failAt(std::size_t call, int code, bool once);
