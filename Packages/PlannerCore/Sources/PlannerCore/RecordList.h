@@ -163,6 +163,22 @@ public:
         return before - size();
     }
 
+    /// Calls `change` with each record for which `differs` holds and its position; `differs` gets the
+    /// same two. Chunks without such a record stay shared.
+    template <class Differs, class Change>
+    void changeIf(Differs differs, Change change) {
+        for (std::size_t chunk = 0; chunk < chunks_.size(); ++chunk)
+            for (std::size_t at = 0; at < chunks_[chunk]->size(); ++at)
+                if (const auto index = starts_[chunk] + at;
+                    differs(std::as_const((*chunks_[chunk])[at]), index))
+                    change(writable(chunk)[at], index);
+    }
+
+    std::size_t chunkCount() const { return chunks_.size(); }
+    /// The records of one chunk, in order. Two lists share a chunk exactly when these begin at the same
+    /// address.
+    std::span<const T> chunk(std::size_t chunk) const { return *chunks_[chunk]; }
+
     /// Field-by-field equality of all records in order. A chunk shared at the same place costs one
     /// pointer comparison.
     bool operator==(const RecordList& other) const {
