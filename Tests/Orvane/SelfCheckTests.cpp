@@ -21,6 +21,7 @@ class SelfCheckTests : public QObject {
 
 private slots:
     void init() {
+        qunsetenv("TMPDIR");
         folder_ = std::make_unique<QTemporaryDir>();
         qputenv("TMPDIR", folder_->path().toUtf8());
         platform_ = std::make_unique<FakePlatform>();
