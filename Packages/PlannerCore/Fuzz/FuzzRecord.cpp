@@ -1,0 +1,9 @@
+#include "CodecTargets.h"
+
+#include <cstddef>
+#include <cstdint>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    planner::fuzz::record({reinterpret_cast<const char*>(data), size});
+    return 0;
+}
