@@ -8,8 +8,10 @@
 #include <PlannerCore/PlannerRepository.h>
 #include <PlannerCore/PlannerSnapshot.h>
 
+#include <QDateTime>
 #include <QObject>
 #include <QString>
+#include <QtQml/qqmlregistration.h>
 
 #include <cstdint>
 #include <functional>
@@ -29,6 +31,8 @@ struct Platform;
 /// commands; each command edits the planner in memory and ends with `persist`. Main thread.
 class AppModel : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The application makes it.")
     Q_PROPERTY(bool ready READ ready NOTIFY readyChanged)
     Q_PROPERTY(bool restoring READ restoring NOTIFY restoringChanged)
     Q_PROPERTY(bool storageFailed READ storageFailed NOTIFY storageFailedChanged)
@@ -107,6 +111,8 @@ public:
     void moveTask(const planner::PlannerTask& task, int offset);
     /// The open tasks in the planner's order. Costs a walk over all tasks: views read `openTasks`.
     std::vector<planner::PlannerTask> incompleteTasks() const;
+    /// Whether `moment` is still to come; false for an invalid one.
+    Q_INVOKABLE bool isUpcoming(const QDateTime& moment) const;
 
     // The same commands for views, which know tasks by the text of their id. `addTask` returns the new
     // id's text or an empty one.

@@ -140,6 +140,11 @@ std::vector<PlannerTask> AppModel::incompleteTasks() const {
     return open;
 }
 
+bool AppModel::isUpcoming(const QDateTime& moment) const {
+    const auto now = platform_.clock.now().seconds + planner::unixEpochOffset;
+    return moment.isValid() && static_cast<double>(moment.toMSecsSinceEpoch()) > now * 1000;
+}
+
 std::optional<PlannerTask> AppModel::taskNamed(const QString& taskId) {
     const auto id = Uuid::parse(taskId.toStdString());
     const auto position = id ? tasks_.find(*id) : std::nullopt;

@@ -7,6 +7,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QtQml/qqmlregistration.h>
 
 #include <cstdint>
 #include <functional>
@@ -19,6 +20,8 @@ namespace orvane {
 /// seconds, and tells its owner what must be saved and when a countdown has run out. Main thread.
 class FocusController : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The application makes it.")
     Q_PROPERTY(double seconds READ seconds NOTIFY secondsChanged)
     Q_PROPERTY(QString timeText READ timeText NOTIFY secondsChanged)
     /// "" without a session, otherwise "running", "paused" or "finished".

@@ -1,12 +1,15 @@
 #pragma once
 
 #include <QObject>
+#include <QtQml/qqmlregistration.h>
 
 namespace orvane {
 
 /// The Dashboard's selected page. Main thread.
 class NavigationModel : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The application makes it.")
     Q_PROPERTY(DashboardPage page READ page WRITE setPage NOTIFY pageChanged)
 
 public:

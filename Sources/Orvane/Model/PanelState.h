@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QRectF>
+#include <QtQml/qqmlregistration.h>
 
 namespace orvane {
 
@@ -9,6 +10,8 @@ namespace orvane {
 /// logical pixels, y downwards. Main thread.
 class PanelState : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The application makes it.")
     Q_PROPERTY(bool expanded READ expanded NOTIFY expandedChanged)
     Q_PROPERTY(double notchWidth READ notchWidth NOTIFY geometryChanged)
     Q_PROPERTY(double topInset READ topInset NOTIFY geometryChanged)

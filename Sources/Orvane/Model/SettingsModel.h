@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QString>
 #include <QStringList>
+#include <QtQml/qqmlregistration.h>
 
 #include <functional>
 #include <optional>
@@ -26,6 +27,8 @@ struct DisplayOption {
 /// thread.
 class SettingsModel : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The application makes it.")
     Q_PROPERTY(QString appearance READ appearance NOTIFY preferencesChanged)
     Q_PROPERTY(QString clockStyle READ clockStyle NOTIFY preferencesChanged)
     Q_PROPERTY(bool hoverEnabled READ hoverEnabled NOTIFY preferencesChanged)

@@ -4,6 +4,7 @@
 #include <PlannerCore/RecordList.h>
 
 #include <QAbstractListModel>
+#include <QtQml/qqmlregistration.h>
 
 #include <cstddef>
 #include <unordered_map>
@@ -15,6 +16,8 @@ namespace orvane {
 /// the rows it touches: rows are inserted, removed, moved and updated, never reset. Main thread.
 class TaskListModel : public QAbstractListModel {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The application makes it.")
     Q_PROPERTY(int count READ count NOTIFY countChanged)
 
 public:

@@ -1,0 +1,77 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Orvane as Orvane
+
+/// The content of the Dashboard's window: the pages' names at the left, the chosen page beside them.
+Rectangle {
+    id: root
+
+    required property Orvane.AppModel model
+    required property Orvane.NavigationModel navigation
+    /// Whether the desktop asks for fewer animations.
+    property bool reduceMotion: false
+
+    readonly property Orvane.Tones tones: root.model.settings.dark ? Orvane.Palette.darkDashboard : Orvane.Palette.lightDashboard
+    /// The pages there are, in the sidebar's order.
+    readonly property list<var> pages: [
+        {
+            page: Orvane.NavigationModel.DashboardPage.today,
+            text: qsTr("Today"),
+            symbol: "square.grid.2x2",
+            view: "TodayPage.qml"
+        }
+    ]
+
+    color: root.tones.page
+    focus: true
+
+    FocusScope {
+        anchors.fill: parent
+        focus: true
+
+        Orvane.Sidebar {
+            id: sidebar
+            objectName: "sidebar"
+            width: 196
+            height: parent.height
+            theme: shared
+            pages: root.pages
+            current: root.navigation.page
+            onChosen: page => root.navigation.page = page
+        }
+        Loader {
+            anchors.left: sidebar.right
+            anchors.right: parent.right
+            height: parent.height
+            focus: true
+
+            readonly property string view: {
+                for (const entry of root.pages)
+                    if (entry.page === root.navigation.page)
+                        return entry.view;
+                return root.pages[0].view;
+            }
+            onViewChanged: fill()
+            Component.onCompleted: fill()
+
+            function fill(): void {
+                setSource(view, {
+                    theme: shared,
+                    model: root.model
+                });
+            }
+        }
+    }
+    Orvane.PopoverLayer {
+        id: layer
+        anchors.fill: parent
+        theme: shared
+    }
+    Orvane.Theme {
+        id: shared
+        tones: root.tones
+        layer: layer
+        reduceMotion: root.reduceMotion
+    }
+}
