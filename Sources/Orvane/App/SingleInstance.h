@@ -1,33 +1,49 @@
 #pragma once
 
+#include <QDBusAbstractAdaptor>
 #include <QObject>
+#include <QVariantMap>
+
+#include <functional>
 
 namespace orvane {
 
-/// The running program as others find it on the session bus, "app.orvane.Orvane", with the interface
-/// org.freedesktop.Application (Desktop Entry Specification, D-Bus activation). Main thread.
+/// The program's name on the session bus, "app.orvane.Orvane", through which a second start reaches
+/// the first (org.freedesktop.Application, Desktop Entry Specification). Main thread.
 class SingleInstance : public QObject {
     Q_OBJECT
 
 public:
-    using QObject::QObject;
-    /// Gives the name back.
-    ~SingleInstance() override;
+    /// `activated` is called whenever somebody asks the program to show itself.
+    explicit SingleInstance(std::function<void()> activated, QObject* parent = nullptr);
 
-    /// Takes the name, so that `activated` follows when another start asks for it. False where there
-    /// is no session bus or another program has the name; the program then runs without.
-    bool claim();
+    /// Takes the name; without a session bus, or when another program has it, nothing is taken.
+    void claim();
 
-    /// Asks the program that has the name to come to the front, and waits a few seconds for its answer.
-    /// False when nobody answered. Starts nobody.
+    /// Asks the running program to show itself. Returns whether it answered.
     static bool activateOther();
 
-signals:
-    /// Another start asks this one to come to the front.
-    void activated();
+private:
+    friend class ApplicationAdaptor;
+    std::function<void()> activated_;
+};
+
+/// The three calls of org.freedesktop.Application. The program opens no files and has no actions: each
+/// shows it.
+class ApplicationAdaptor : public QDBusAbstractAdaptor {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+public:
+    explicit ApplicationAdaptor(SingleInstance& owner) : QDBusAbstractAdaptor(&owner), owner_(owner) {}
+
+public slots:
+    void Activate(const QVariantMap& platformData);
+    void Open(const QStringList& addresses, const QVariantMap& platformData);
+    void ActivateAction(const QString& name, const QVariantList& parameter, const QVariantMap& platformData);
 
 private:
-    bool claimed_ = false;
+    SingleInstance& owner_;
 };
 
 } // namespace orvane
