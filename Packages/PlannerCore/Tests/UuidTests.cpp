@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
+#include <string>
+
 using planner::Uuid;
 
 TEST(Uuid, ReadsEitherLetterCaseAndWritesUpperCase) {
@@ -23,4 +26,16 @@ TEST(Uuid, RandomOnesAreVersionFourAndDiffer) {
     EXPECT_EQ(text[14], '4');
     EXPECT_NE(std::string_view("89AB").find(text[19]), std::string_view::npos);
     EXPECT_NE(first, Uuid::random());
+}
+
+TEST(Uuid, RefusesAnyOtherCharacterAtAnyPlace) {
+    const std::string text = "0F8FAD5B-D9CB-469F-A165-70867728950E";
+    for (std::size_t place = 0; place < text.size(); ++place)
+        for (int value = 0; value < 256; ++value) {
+            auto changed = text;
+            changed[place] = char(value);
+            const bool hyphen = text[place] == '-';
+            const bool fits = hyphen ? value == '-' : value < 128 && std::isxdigit(value) != 0;
+            EXPECT_EQ(Uuid::parse(changed).has_value(), fits) << changed;
+        }
 }

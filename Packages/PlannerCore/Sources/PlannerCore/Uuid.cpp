@@ -11,17 +11,24 @@ namespace {
 
 constexpr std::string_view digits = "0123456789ABCDEF";
 constexpr std::size_t textLength = 36;
+constexpr std::uint8_t noDigit = 0xFF;
 
-bool isHyphenPlace(std::size_t index) {
-    return index == 8 || index == 13 || index == 18 || index == 23;
-}
+/// The value of each character as a hexadecimal digit. The digits of an identifier are random, so a
+/// look-up costs less than branches that nobody can predict.
+constexpr auto digitValues = [] {
+    std::array<std::uint8_t, 256> values;
+    values.fill(noDigit);
+    for (std::uint8_t value = 0; value < 16; ++value) {
+        const auto digit = static_cast<unsigned char>(digits[value]);
+        values[digit] = value;
+        if (value >= 10) values[digit - 'A' + 'a'] = value;
+    }
+    return values;
+}();
 
-std::optional<std::uint8_t> digitValue(char digit) {
-    if (digit >= '0' && digit <= '9') return std::uint8_t(digit - '0');
-    if (digit >= 'A' && digit <= 'F') return std::uint8_t(digit - 'A' + 10);
-    if (digit >= 'a' && digit <= 'f') return std::uint8_t(digit - 'a' + 10);
-    return std::nullopt;
-}
+/// Where the two digits of each byte stand in the canonical form.
+constexpr std::array<std::uint8_t, 16> digitPlaces{0, 2, 4, 6, 9, 11, 14, 16, 19, 21, 24, 26, 28, 30, 32, 34};
+constexpr std::array<std::uint8_t, 4> hyphenPlaces{8, 13, 18, 23};
 
 } // namespace
 
@@ -40,29 +47,33 @@ Uuid Uuid::random() {
 
 std::optional<Uuid> Uuid::parse(std::string_view text) {
     if (text.size() != textLength) return std::nullopt;
+    for (const auto place : hyphenPlaces)
+        if (text[place] != '-') return std::nullopt;
     Uuid uuid;
-    std::size_t nibble = 0;
-    for (std::size_t index = 0; index < textLength; ++index) {
-        if (isHyphenPlace(index)) {
-            if (text[index] != '-') return std::nullopt;
-            continue;
-        }
-        const auto value = digitValue(text[index]);
-        if (!value) return std::nullopt;
-        auto& byte = uuid.bytes[nibble / 2];
-        byte = std::uint8_t(nibble % 2 == 0 ? *value << 4 : byte | *value);
-        ++nibble;
+    unsigned problems = 0;
+    for (std::size_t index = 0; index < uuid.bytes.size(); ++index) {
+        const auto place = digitPlaces[index];
+        const unsigned high = digitValues[static_cast<unsigned char>(text[place])];
+        const unsigned low = digitValues[static_cast<unsigned char>(text[place + 1u])];
+        problems |= high | low;
+        uuid.bytes[index] = std::uint8_t(high << 4 | low);
     }
+    if (problems >= digits.size()) return std::nullopt;
     return uuid;
 }
 
 std::string Uuid::text() const {
-    std::string text;
-    text.reserve(textLength);
-    for (const auto byte : bytes) {
-        if (isHyphenPlace(text.size())) text += '-';
-        text += digits[byte >> 4];
-        text += digits[byte & 0x0F];
+    const auto text = characters();
+    return {text.begin(), text.end()};
+}
+
+std::array<char, textLength> Uuid::characters() const {
+    std::array<char, textLength> text;
+    for (const auto place : hyphenPlaces) text[place] = '-';
+    for (std::size_t index = 0; index < bytes.size(); ++index) {
+        const auto place = digitPlaces[index];
+        text[place] = digits[bytes[index] >> 4];
+        text[place + 1u] = digits[bytes[index] & 0x0F];
     }
     return text;
 }

@@ -24,6 +24,8 @@ struct Uuid {
 
     /// The canonical 36-character form with upper-case digits.
     std::string text() const;
+    /// The same characters without an allocation.
+    std::array<char, 36> characters() const;
 
     auto operator<=>(const Uuid&) const = default;
 };

@@ -39,7 +39,8 @@ bool hasLoneSurrogate(std::string_view text) {
 /// Hands the parser's events on and keeps watch over what it lets through.
 class Handler {
 public:
-    explicit Handler(JsonEvents& events) : events_(events) {}
+    /// `hasEscapes`: whether the document has any \u, without which no surrogate can come up.
+    Handler(JsonEvents& events, bool hasEscapes) : events_(events), hasEscapes_(hasEscapes) {}
 
     bool Null() { return events_.null(), true; }
     bool Bool(bool value) { return events_.boolean(value), true; }
@@ -65,8 +66,9 @@ public:
     bool Double(double) { return false; }
 
 private:
-    static std::string_view checked(std::string_view text) {
-        if (hasLoneSurrogate(text)) throw JsonError("Half of a surrogate pair without the other");
+    std::string_view checked(std::string_view text) const {
+        if (hasEscapes_ && hasLoneSurrogate(text))
+            throw JsonError("Half of a surrogate pair without the other");
         return text;
     }
 
@@ -75,6 +77,7 @@ private:
     }
 
     JsonEvents& events_;
+    bool hasEscapes_;
     std::size_t depth_ = 0;
 };
 
@@ -83,7 +86,7 @@ void readInPlace(char* text, std::size_t size, JsonEvents& events) {
     constexpr auto flags =
         rapidjson::kParseInsituFlag | rapidjson::kParseIterativeFlag | rapidjson::kParseNumbersAsStringsFlag;
     rapidjson::InsituStringStream stream(text);
-    Handler handler(events);
+    Handler handler(events, std::string_view(text, size).find("\\u") != std::string_view::npos);
     rapidjson::Reader reader;
     rapidjson::ParseResult result;
     try {

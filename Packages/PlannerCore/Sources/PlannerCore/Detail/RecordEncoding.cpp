@@ -23,11 +23,16 @@ void writePlain(JsonWriter& json, std::string_view key, std::string_view text) {
     json.plain(text);
 }
 
+void writeUuid(JsonWriter& json, std::string_view key, const Uuid& uuid) {
+    const auto characters = uuid.characters();
+    writePlain(json, key, {characters.data(), characters.size()});
+}
+
 void write(JsonWriter& json, const PlannerTask& task) {
     json.beginObject();
     if (task.completedAt) writeInstant(json, "completedAt", *task.completedAt);
     writeInstant(json, "createdAt", task.createdAt);
-    writePlain(json, "id", task.id.text());
+    writeUuid(json, "id", task.id);
     json.key("order");
     json.integer(task.order);
     if (task.reminderAt) writeInstant(json, "reminderAt", *task.reminderAt);
@@ -57,13 +62,13 @@ void writeList(JsonWriter& json, std::string_view key, const Records& records);
 void write(JsonWriter& json, const FocusSession& session) {
     json.beginObject();
     writeInstant(json, "createdAt", session.createdAt);
-    writePlain(json, "id", session.id.text());
+    writeUuid(json, "id", session.id);
     writePlain(json, "mode", rawValue(session.mode));
     writeList(json, "segments", session.segments);
     writePlain(json, "status", rawValue(session.status));
     json.key("target");
     json.number(session.target);
-    writePlain(json, "taskID", session.taskID.text());
+    writeUuid(json, "taskID", session.taskID);
     writeText(json, "title", session.title);
     json.endObject();
 }
