@@ -1,4 +1,5 @@
 #include "CodecTargets.h"
+#include "StoreTargets.h"
 
 #include <gtest/gtest.h>
 
@@ -23,6 +24,7 @@ class FuzzSeeds : public testing::TestWithParam<Target> {};
 constexpr Target targets[] = {
     {"FuzzDecodeBackup", fuzz::decodeBackup},
     {"FuzzRecord", fuzz::record},
+    {"FuzzStore", fuzz::store},
 };
 
 } // namespace

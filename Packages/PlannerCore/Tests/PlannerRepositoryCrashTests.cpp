@@ -187,7 +187,7 @@ TEST(PlannerRepositoryCrash, APowerCutAtAnyMomentLeavesThePlannerAsItWasBeforeOr
         for (std::size_t index = 0; index < stage.operations.size(); ++index) {
             power.follow(stage.operations[index]);
             const bool isOver = index + 1 == stage.operations.size();
-            power.forEachOutcome(survey.random(), scaled(32), [&](const DiskContents& contents) {
+            power.forEachOutcome(survey.random(), scaled(36), [&](const DiskContents& contents) {
                 if (!::testing::Test::HasFailure()) survey.look(contents, stage, isOver);
             });
         }

@@ -2,6 +2,7 @@
 
 #include <PlannerCore/Detail/Sqlite.h>
 
+#include "FaultVfs.h"
 #include "ScratchFolder.h"
 #include "StoredRows.h"
 
@@ -226,6 +227,8 @@ TEST(PlannerRepositoryInput, AFolderWhereTheFileShouldBeIsTold) {
 
 TEST(PlannerRepositoryInput, APlannerThatAnotherProgramIsWritingIsToldAndSavedOnceItIsDone) {
     const ScratchFolder folder;
+    // Through it the wait for the lock takes no time.
+    const FaultVfs disk;
     PlannerRepository repository(folder.path());
     const auto planner = plannerOf(2);
     detail::Database other(folder / "Planner.sqlite", detail::Access::readWrite);

@@ -36,11 +36,18 @@ public:
             held_->snapshot = snapshot;
             return;
         }
+        if (!writesThroughLog_) detail::writeThroughLog(database_);
+        writesThroughLog_ = true;
         detail::Transaction transaction(database_, detail::Transaction::Kind::write);
         const auto version = rows_.dataVersion();
         const bool isAsHeld = difference && version == held_->dataVersion;
         auto written = detail::Written{.anything = true, .everyRecord = true};
-        if (!isAsHeld || !rows_.writeDifference(*difference)) written = rows_.writeWhole(snapshot);
+        if (!isAsHeld) {
+            written = rows_.writeWhole(snapshot);
+        } else if (!rows_.writeDifference(*difference)) {
+            // Part of the difference stands in the table by now, and is to be committed with the rest.
+            written.everyRecord = rows_.writeWhole(snapshot).everyRecord;
+        }
         if (written.anything) transaction.commit();
         if (written.everyRecord)
             held_ = Held{snapshot, version};
@@ -70,6 +77,8 @@ private:
     detail::Database database_;
     detail::StoreRows rows_;
     std::optional<Held> held_;
+    /// Opening and loading change nothing in the file; the first save may.
+    bool writesThroughLog_ = false;
 };
 
 PlannerRepository::PlannerRepository(std::filesystem::path directory)

@@ -113,6 +113,9 @@ Found look(const std::string& path) {
     // Tables that are being made, or were not, can be told only once the journal has been rolled back.
     if (hasJournal) return Found::perhapsNothing;
     if (!isPresent(path + "-wal")) {
+        // SQLite takes what is missing of the last page for zeroes.
+        if (bytes.fileSize() % bytes.number("PRAGMA page_size") != 0)
+            throwSqliteError(nullptr, SQLITE_CORRUPT);
         checkContents(bytes);
         return Found::planner;
     }
@@ -175,10 +178,14 @@ Database openStore(const std::filesystem::path& path) {
     if (found == Found::perhapsNothing && database.number("PRAGMA application_id") == 0)
         createContents(database);
     checkContents(database);
-    database.execute("PRAGMA journal_mode = WAL");
-    database.execute("PRAGMA synchronous = FULL");
     database.keepLogOnClose(false);
     return database;
+}
+
+void writeThroughLog(Database& database) {
+    database.execute("PRAGMA journal_mode = WAL");
+    // The log of a large save, a restore above all, is not kept at its size.
+    database.execute("PRAGMA journal_size_limit = 4194304");
 }
 
 } // namespace planner::detail
