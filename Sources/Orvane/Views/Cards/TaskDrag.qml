@@ -69,6 +69,7 @@ Item {
 
     Rectangle {
         id: mark
+        z: 1
         width: parent.width
         height: 2
         radius: 1

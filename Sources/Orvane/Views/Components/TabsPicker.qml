@@ -57,13 +57,14 @@ T.Control {
             Accessible.selected: tab.isCurrent
             onClicked: root.choose(tab.index)
 
-            contentItem: Orvane.Label {
-                kind: Orvane.Type.bodyMedium
-                text: tab.text
-                color: tab.isCurrent || tab.hovered ? root.theme.tones.text : root.theme.tones.second
-                horizontalAlignment: Text.AlignHCenter
-                verticalAlignment: Text.AlignVCenter
-                Accessible.ignored: true
+            contentItem: Item {
+                Orvane.Label {
+                    anchors.centerIn: parent
+                    kind: Orvane.Type.bodyMedium
+                    text: tab.text
+                    color: tab.isCurrent || tab.hovered ? root.theme.tones.text : root.theme.tones.second
+                    Accessible.ignored: true
+                }
             }
         }
     }

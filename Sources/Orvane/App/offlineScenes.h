@@ -1,0 +1,28 @@
+#pragma once
+
+#include "App/offlineStage.h"
+
+#include <functional>
+#include <map>
+
+namespace orvane::offline {
+
+inline void idle(Stage&) {}
+
+/// A state to look at and the way to it.
+struct Scene {
+    Window window;
+    std::function<planner::PlannerSnapshot()> planner = ordinaryDay;
+    /// Prepares the desktop before the planner is opened.
+    std::function<void(Stage&)> before = idle;
+    /// Brings the model into its state, before the window is made.
+    std::function<void(Stage&)> model = idle;
+    /// Brings the window into its state.
+    std::function<void(Stage&)> act = idle;
+    bool expanded = true;
+};
+
+/// Every state by its name.
+std::map<QString, Scene> scenes();
+
+} // namespace orvane::offline
