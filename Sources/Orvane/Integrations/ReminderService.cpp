@@ -1,6 +1,7 @@
 #include "Integrations/ReminderService.h"
 
 #include <QPointer>
+#include <QSet>
 #include <QStringList>
 
 #include <algorithm>
@@ -25,7 +26,7 @@ QString text(const Uuid& id) {
     return QString::fromStdString(id.text());
 }
 
-NotificationRequest request(const PlannerTask& task, const QString& title) {
+NotificationRequest requestFor(const PlannerTask& task, const QString& title) {
     return {.identifier = taskPrefix + text(task.id),
             .title = title,
             .body = QString::fromStdString(task.title),
@@ -99,17 +100,20 @@ void ReminderService::choose(const std::shared_ptr<Reconciliation>& job) {
 
 void ReminderService::compare(const std::shared_ptr<Reconciliation>& job,
                               const QList<NotificationRequest>& pending) {
-    QHash<QString, const NotificationRequest*> byIdentifier;
-    for (const auto& one : pending)
-        if (one.identifier.startsWith(taskPrefix)) byIdentifier.insert(one.identifier, &one);
-    auto stale = byIdentifier;
+    QHash<QString, const NotificationRequest*> present;
+    for (const auto& request : pending) present.insert(request.identifier, &request);
+    QSet<QString> wanted;
     for (const auto& task : job->wanted) {
         const auto identifier = taskPrefix + text(task.id);
-        const auto* present = byIdentifier.value(identifier);
-        stale.remove(identifier);
-        if (!present || !isRight(*present, task)) job->missing.push_back(request(task, tr("A little nudge")));
+        wanted.insert(identifier);
+        const auto* found = present.value(identifier);
+        if (!found || !isRight(*found, task)) job->missing.push_back(requestFor(task, tr("A little nudge")));
     }
-    if (!stale.isEmpty()) center_.removePending(stale.keys());
+    QStringList stale;
+    for (const auto& request : pending)
+        if (request.identifier.startsWith(taskPrefix) && !wanted.contains(request.identifier))
+            stale.append(request.identifier);
+    if (!stale.isEmpty()) center_.removePending(stale);
     if (!mayDeliver()) return startNext();
     setError(std::nullopt);
     addNext(job);
