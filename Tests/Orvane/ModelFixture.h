@@ -9,6 +9,7 @@
 
 #include <QString>
 
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -19,7 +20,7 @@ namespace orvane::test {
 /// itself.
 class ModelFixture {
 public:
-    ModelFixture() : planner_(folder_ / "Orvane") { renew(); }
+    ModelFixture() : folder_(quickFolder()), planner_(folder_ / "Orvane") { renew(); }
 
     /// Lets the model go and makes another one over the same store; what is in the air stays there.
     void renew() {
@@ -61,6 +62,12 @@ public:
     FaultVfs disk;
 
 private:
+    /// Memory where there is some: nothing here depends on a disk being slow.
+    static std::filesystem::path quickFolder() {
+        const std::filesystem::path memory = "/dev/shm";
+        return std::filesystem::is_directory(memory) ? memory : std::filesystem::temp_directory_path();
+    }
+
     ScratchFolder folder_;
     std::filesystem::path planner_;
 
