@@ -1,7 +1,6 @@
 #include "App/SelfCheck.h"
 
 #include "Doubles/FakePlatform.h"
-#include "FaultVfs.h"
 
 #include <QDir>
 #include <QFile>
@@ -32,7 +31,7 @@ private slots:
         platform_->notifications.status = NotificationAuthorization::notDetermined;
         const auto outcome = check();
         QCOMPARE(outcome.exitCode, 0);
-        QVERIFY(outcome.error.isEmpty());
+        QVERIFY(outcome.standardError.empty());
         const auto report = reportOf(outcome);
         QCOMPARE(report.keys(),
                  QStringList({"bundleID", "calendarAuthorization", "displays", "loginItemStatus",
@@ -46,7 +45,7 @@ private slots:
         QCOMPARE(report["loginItemStatus"].toInt(-1), int(platform_->loginItem.status()));
         QCOMPARE(report["uiTested"].toBool(true), false);
         QCOMPARE(report["permissionsRequested"].toBool(true), false);
-        QVERIFY(outcome.output.contains("\n    \"bundleID\""));
+        QVERIFY(outcome.standardOutput.find("\n    \"bundleID\"") != std::string::npos);
     }
 
     void withNoScreenTheListIsEmptyAndTheResultIsStillPass() {
@@ -74,47 +73,61 @@ private slots:
     }
 
     void theScratchFolderIsGoneAfterAFailure() {
-        FaultVfs disk;
-        disk.failWrites(SQLITE_FULL);
-        const auto outcome = check();
+        auto selfCheck = make();
+        // A file stands where the folder should be.
+        QFile blocker(QString::fromStdString(selfCheck->scratchFolder().string()));
+        QVERIFY(blocker.open(QIODevice::WriteOnly));
+        blocker.close();
+        const auto outcome = finish(*selfCheck);
         QCOMPARE(outcome.exitCode, 1);
-        QVERIFY(outcome.output.isEmpty());
-        QVERIFY(outcome.error.startsWith("Self-check failed: "));
-        QVERIFY(outcome.error.endsWith("\n"));
+        QVERIFY(outcome.standardOutput.empty());
+        QVERIFY(QString::fromStdString(outcome.standardError).startsWith("Self-check failed: "));
+        QVERIFY(outcome.standardError.ends_with("\n"));
         QVERIFY(QDir(folder_->path()).isEmpty());
     }
 
-    void twoChecksAtTheSameMomentDoNotDisturbEachOther() {
+    void twoChecksAtTheSameMomentUseDifferentFoldersAndBothPass() {
         auto first = make();
         auto second = make();
+        QVERIFY(first->scratchFolder() != second->scratchFolder());
         std::optional<SelfCheck::Outcome> outcomes[2];
-        first->run([&](const SelfCheck::Outcome& outcome) { outcomes[0] = outcome; });
-        second->run([&](const SelfCheck::Outcome& outcome) { outcomes[1] = outcome; });
+        first->run([&](SelfCheck::Outcome outcome) { outcomes[0] = std::move(outcome); });
+        second->run([&](SelfCheck::Outcome outcome) { outcomes[1] = std::move(outcome); });
         platform_->settle();
         QCOMPARE(outcomes[0].value().exitCode, 0);
         QCOMPARE(outcomes[1].value().exitCode, 0);
+    }
+
+    void aCancelledCheckFailsAndLeavesNothing() {
+        auto selfCheck = make();
+        selfCheck->cancel();
+        const auto outcome = finish(*selfCheck);
+        QCOMPARE(outcome.exitCode, 1);
+        QVERIFY(QString::fromStdString(outcome.standardError).startsWith("Self-check failed: "));
         QVERIFY(QDir(folder_->path()).isEmpty());
     }
 
-    void anInterruptedCheckFailsAndLeavesNothing() {
+    void aCheckThatIsGoneIsNotToldOfAnything() {
         auto selfCheck = make();
-        selfCheck->interrupt();
-        const auto outcome = finish(*selfCheck);
-        QCOMPARE(outcome.exitCode, 1);
-        QVERIFY(outcome.error.startsWith("Self-check failed: "));
+        bool told = false;
+        selfCheck->run([&](SelfCheck::Outcome) { told = true; });
+        platform_->storeExecutor.work();
+        selfCheck.reset();
+        platform_->settle();
+        QVERIFY(!told);
         QVERIFY(QDir(folder_->path()).isEmpty());
     }
 
 private:
     std::unique_ptr<SelfCheck> make() {
-        return std::make_unique<SelfCheck>(SelfCheck::Parts{
+        return std::make_unique<SelfCheck>(SelfCheck::Surroundings{
             platform_->clock, platform_->storeExecutor, platform_->information, platform_->notifications,
             platform_->events, platform_->loginItem, platform_->screens});
     }
 
     SelfCheck::Outcome finish(SelfCheck& selfCheck) {
         std::optional<SelfCheck::Outcome> outcome;
-        selfCheck.run([&](const SelfCheck::Outcome& result) { outcome = result; });
+        selfCheck.run([&](SelfCheck::Outcome result) { outcome = std::move(result); });
         platform_->settle();
         return outcome.value();
     }
@@ -122,7 +135,7 @@ private:
     SelfCheck::Outcome check() { return finish(*make()); }
 
     static QJsonObject reportOf(const SelfCheck::Outcome& outcome) {
-        return QJsonDocument::fromJson(outcome.output).object();
+        return QJsonDocument::fromJson(QByteArray::fromStdString(outcome.standardOutput)).object();
     }
 
     std::unique_ptr<QTemporaryDir> folder_;

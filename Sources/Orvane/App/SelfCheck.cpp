@@ -15,7 +15,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include <filesystem>
 #include <stdexcept>
 #include <system_error>
 #include <utility>
@@ -23,109 +22,98 @@
 namespace orvane {
 namespace {
 
-using planner::PlannerRepository;
-using planner::PlannerSnapshot;
-
-/// A folder of its own among the system's temporary files, removed at the end of its life.
-class ScratchFolder {
-public:
-    ScratchFolder()
-        : path_(std::filesystem::temp_directory_path() /
-                ("Orvane-self-check-" + planner::Uuid::random().text())) {}
-    ~ScratchFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-    ScratchFolder(const ScratchFolder&) = delete;
-    ScratchFolder& operator=(const ScratchFolder&) = delete;
-
-    const std::filesystem::path& path() const { return path_; }
-
-private:
-    std::filesystem::path path_;
-};
-
-PlannerSnapshot testSnapshot(planner::Instant now) {
-    PlannerSnapshot snapshot;
+planner::PlannerSnapshot testPlanner(planner::Instant now) {
+    planner::PlannerSnapshot snapshot;
     snapshot.tasks.push_back({planner::Uuid::random(), "Headless integration test", now, 0});
     snapshot.notes.push_back({"2026-09-30", "Test-only persistence round trip", now});
     return snapshot;
 }
 
-void checkStore(planner::Instant now, const std::atomic<bool>& interrupted) {
-    const auto goOn = [&interrupted] {
-        if (interrupted) throw std::runtime_error("Interrupted");
-    };
-    const ScratchFolder folder;
-    const auto saved = testSnapshot(now);
-    goOn();
-    {
-        PlannerRepository repository(folder.path());
-        goOn();
-        repository.save(saved);
-        goOn();
-        if (repository.load() != saved) throw std::runtime_error("SQLite round trip failed");
-    }
-    goOn();
-    if (PlannerRepository(folder.path()).load() != saved) throw std::runtime_error("SQLite reopen failed");
-    goOn();
-}
-
-QJsonArray displays(const QList<Screen>& screens) {
-    QJsonArray list;
+QJsonArray described(const QList<Screen>& screens) {
+    QJsonArray displays;
     for (const auto& screen : screens)
-        list.append(QJsonObject{{QStringLiteral("width"), screen.frame.width},
-                                {QStringLiteral("height"), screen.frame.height},
-                                {QStringLiteral("scale"), screen.scale},
-                                {QStringLiteral("safeAreaTop"), screen.topInset}});
-    return list;
+        displays.append(QJsonObject{{"width", screen.frame.width},
+                                    {"height", screen.frame.height},
+                                    {"scale", screen.scale},
+                                    {"safeAreaTop", screen.topInset}});
+    return displays;
 }
 
 } // namespace
 
-SelfCheck::SelfCheck(const Parts& parts) : parts_(parts) {}
+SelfCheck::SelfCheck(Surroundings surroundings)
+    : around_(surroundings), scratch_(std::filesystem::temp_directory_path() /
+                                      ("Orvane-self-check-" + planner::Uuid::random().text())),
+      alive_(std::make_shared<SelfCheck*>(this)) {}
 
-void SelfCheck::interrupt() {
-    *interrupted_ = true;
+SelfCheck::~SelfCheck() {
+    *alive_ = nullptr;
+    removeScratch();
 }
 
-void SelfCheck::run(std::function<void(const Outcome&)> finished) {
-    finished_ = std::move(finished);
-    auto failure = std::make_shared<std::optional<QString>>();
-    parts_.worker.run(
-        [failure, now = parts_.clock.now(), interrupted = interrupted_] {
+void SelfCheck::run(std::function<void(Outcome)> done) {
+    done_ = std::move(done);
+    around_.storeExecutor.run(
+        [this] {
             try {
-                checkStore(now, *interrupted);
+                proveStore();
             } catch (const std::exception& error) {
-                *failure = failureText(error);
+                failure_ = failureText(error).toStdString();
             }
         },
-        [this, failure] { report(*failure); });
+        [this, alive = alive_] {
+            if (*alive) finish();
+        });
 }
 
-void SelfCheck::report(std::optional<QString> failure) {
-    if (failure) return finished_({1, {}, "Self-check failed: " + failure->toUtf8() + '\n'});
-    parts_.notifications.authorization([this](NotificationAuthorization status) {
-        finished_({0, reportText(int(status)), {}});
+void SelfCheck::proveStore() const {
+    const auto saved = testPlanner(around_.clock.now());
+    {
+        planner::PlannerRepository repository(scratch_);
+        stopIfCancelled();
+        repository.save(saved);
+        stopIfCancelled();
+        if (repository.load() != saved) throw std::runtime_error("SQLite round trip failed");
+    }
+    stopIfCancelled();
+    planner::PlannerRepository reopened(scratch_);
+    if (reopened.load() != saved) throw std::runtime_error("SQLite reopen failed");
+}
+
+void SelfCheck::stopIfCancelled() const {
+    if (cancelled_) throw std::system_error(std::make_error_code(std::errc::interrupted));
+}
+
+void SelfCheck::finish() {
+    removeScratch();
+    if (!failure_.empty()) return fail(failure_);
+    around_.notifications.authorization([this, alive = alive_](NotificationAuthorization status) {
+        if (*alive) done_({0, report(int(status)), {}});
     });
 }
 
-QByteArray SelfCheck::reportText(int notificationStatus) const {
-    const auto bundle = parts_.information.text(QStringLiteral("CFBundleIdentifier"));
-    // An object keeps its keys sorted.
-    const QJsonObject report{
-        {QStringLiteral("result"), QStringLiteral("PASS")},
-        {QStringLiteral("bundleID"), bundle.value_or(QStringLiteral("missing"))},
-        {QStringLiteral("sqliteRoundTrip"), true},
-        {QStringLiteral("sqliteReopen"), true},
-        {QStringLiteral("calendarAuthorization"), int(parts_.events.authorization())},
-        {QStringLiteral("notificationAuthorization"), notificationStatus},
-        {QStringLiteral("loginItemStatus"), int(parts_.loginItem.status())},
-        {QStringLiteral("displays"), displays(parts_.screens.list())},
-        {QStringLiteral("uiTested"), false},
-        {QStringLiteral("permissionsRequested"), false},
-    };
-    return QJsonDocument(report).toJson(QJsonDocument::Indented);
+std::string SelfCheck::report(int notificationAuthorization) const {
+    const auto identifier = around_.information.text(QStringLiteral("CFBundleIdentifier"));
+    const QJsonObject report{{"result", "PASS"},
+                             {"bundleID", identifier.value_or(QStringLiteral("missing"))},
+                             {"sqliteRoundTrip", true},
+                             {"sqliteReopen", true},
+                             {"calendarAuthorization", int(around_.events.authorization())},
+                             {"notificationAuthorization", notificationAuthorization},
+                             {"loginItemStatus", int(around_.loginItem.status())},
+                             {"displays", described(around_.screens.list())},
+                             {"uiTested", false},
+                             {"permissionsRequested", false}};
+    return QJsonDocument(report).toJson(QJsonDocument::Indented).toStdString();
+}
+
+void SelfCheck::removeScratch() {
+    std::error_code ignored;
+    std::filesystem::remove_all(scratch_, ignored);
+}
+
+void SelfCheck::fail(const std::string& description) {
+    done_({1, {}, "Self-check failed: " + description + "\n"});
 }
 
 } // namespace orvane

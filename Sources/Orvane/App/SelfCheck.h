@@ -1,12 +1,10 @@
 #pragma once
 
-#include <QByteArray>
-#include <QString>
-
 #include <atomic>
+#include <filesystem>
 #include <functional>
 #include <memory>
-#include <optional>
+#include <string>
 
 namespace orvane {
 
@@ -18,14 +16,15 @@ class LoginItem;
 class NotificationCenter;
 class Screens;
 
-/// Proves in a scratch folder that the planner's store works and reports, as JSON, what the platform
-/// says of itself. Shows nothing, asks for nothing and leaves the user's planner alone. Main thread.
+/// Proves in a scratch folder that the store works end to end, reads what the desktop allows, and
+/// reports in JSON. Never touches the user's planner, asks for no permission and opens no window. Main
+/// thread.
 class SelfCheck {
 public:
-    /// What it asks; all must outlive it.
-    struct Parts {
+    /// What the check reads; all of it outlives the check.
+    struct Surroundings {
         Clock& clock;
-        Executor& worker;
+        Executor& storeExecutor;
         InformationDictionary& information;
         NotificationCenter& notifications;
         EventStore& events;
@@ -33,29 +32,45 @@ public:
         Screens& screens;
     };
 
-    /// What a run gave: the report for standard output, or the line for standard error.
+    /// The process's exit code and what belongs on its two outputs, line breaks included.
     struct Outcome {
-        int exitCode = 1;
-        QByteArray output;
-        QByteArray error;
+        int exitCode = 0;
+        std::string standardOutput;
+        std::string standardError;
     };
 
-    explicit SelfCheck(const Parts& parts);
+    /// The scratch folder gets its name here, below the system's folder for temporary files.
+    /// Throws std::filesystem::filesystem_error where there is none.
+    explicit SelfCheck(Surroundings surroundings);
+    /// Removes the scratch folder if it is still there. The store's worker must have come to rest.
+    ~SelfCheck();
+    SelfCheck(const SelfCheck&) = delete;
+    SelfCheck& operator=(const SelfCheck&) = delete;
 
-    /// Starts the run; `finished` is called once, later. The scratch folder is gone by then, however
-    /// it ended.
-    void run(std::function<void(const Outcome&)> finished);
+    /// Runs the check; call once. `done` is called on the main thread when the scratch folder is gone:
+    /// exit code 0 with the report, or 1 with the line "Self-check failed: …".
+    void run(std::function<void(Outcome)> done);
 
-    /// Ends the run early, as a failure: the store's present step is finished, the next not begun.
-    void interrupt();
+    /// Ends a running check as failed before its next step.
+    void cancel() { cancelled_ = true; }
+
+    const std::filesystem::path& scratchFolder() const { return scratch_; }
 
 private:
-    void report(std::optional<QString> failure);
-    QByteArray reportText(int notificationStatus) const;
+    void proveStore() const;
+    void stopIfCancelled() const;
+    void finish();
+    std::string report(int notificationAuthorization) const;
+    void removeScratch();
+    void fail(const std::string& description);
 
-    Parts parts_;
-    std::function<void(const Outcome&)> finished_;
-    std::shared_ptr<std::atomic<bool>> interrupted_ = std::make_shared<std::atomic<bool>>(false);
+    Surroundings around_;
+    const std::filesystem::path scratch_;
+    std::atomic<bool> cancelled_ = false;
+    std::string failure_;
+    std::function<void(Outcome)> done_;
+    /// Gone with the check, so that a late answer finds out.
+    std::shared_ptr<SelfCheck*> alive_;
 };
 
 } // namespace orvane

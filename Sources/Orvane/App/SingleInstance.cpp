@@ -1,54 +1,71 @@
 #include "App/SingleInstance.h"
 
+#include <QDBusAbstractAdaptor>
 #include <QDBusConnection>
 #include <QDBusMessage>
-
-#include <utility>
+#include <QStringList>
+#include <QVariantMap>
 
 namespace orvane {
 namespace {
 
-const QString busName = QStringLiteral("app.orvane.Orvane");
-const QString objectPath = QStringLiteral("/app/orvane/Orvane");
-
-/// Milliseconds to wait for the running program's answer.
+const auto serviceName = QStringLiteral("app.orvane.Orvane");
+const auto objectPath = QStringLiteral("/app/orvane/Orvane");
+const auto interfaceName = QStringLiteral("org.freedesktop.Application");
+/// How long a start waits for the first one, in milliseconds.
 constexpr int answerTimeout = 5000;
 
 } // namespace
 
-SingleInstance::SingleInstance(std::function<void()> activated, QObject* parent)
-    : QObject(parent), activated_(std::move(activated)) {
-    new ApplicationAdaptor(*this);
+/// The bus's view of the program. There are no files to open and no actions: both only come to the
+/// front.
+class ApplicationAdaptor : public QDBusAbstractAdaptor {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+public:
+    explicit ApplicationAdaptor(SingleInstance* instance)
+        : QDBusAbstractAdaptor(instance), instance_(instance) {}
+
+public slots:
+    void Activate(const QVariantMap&) { emit instance_->activated(); }
+    void Open(const QStringList&, const QVariantMap&) { emit instance_->activated(); }
+    void ActivateAction(const QString&, const QVariantList&, const QVariantMap&) {
+        emit instance_->activated();
+    }
+
+private:
+    SingleInstance* instance_;
+};
+
+SingleInstance::~SingleInstance() {
+    if (!claimed_) return;
+    auto bus = QDBusConnection::sessionBus();
+    bus.unregisterService(serviceName);
+    bus.unregisterObject(objectPath);
 }
 
-void SingleInstance::claim() {
+bool SingleInstance::claim() {
     auto bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected()) return;
-    // In this order: whoever sees the name may call at once.
-    if (bus.registerObject(objectPath, this)) bus.registerService(busName);
+    if (!bus.isConnected()) return false;
+    new ApplicationAdaptor(this);
+    // The object first: whoever finds the name must find something to talk to.
+    if (!bus.registerObject(objectPath, this)) return false;
+    claimed_ = bus.registerService(serviceName);
+    if (!claimed_) bus.unregisterObject(objectPath);
+    return claimed_;
 }
 
 bool SingleInstance::activateOther() {
-    auto bus = QDBusConnection::sessionBus();
+    const auto bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) return false;
-    auto call = QDBusMessage::createMethodCall(
-        busName, objectPath, QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"));
-    // Starting a program to be asked would end where this one stands.
+    auto call =
+        QDBusMessage::createMethodCall(serviceName, objectPath, interfaceName, QStringLiteral("Activate"));
+    call.setArguments({QVariantMap()});
     call.setAutoStartService(false);
-    call << QVariantMap();
     return bus.call(call, QDBus::Block, answerTimeout).type() == QDBusMessage::ReplyMessage;
 }
 
-void ApplicationAdaptor::Activate(const QVariantMap&) {
-    owner_.activated_();
-}
-
-void ApplicationAdaptor::Open(const QStringList&, const QVariantMap&) {
-    owner_.activated_();
-}
-
-void ApplicationAdaptor::ActivateAction(const QString&, const QVariantList&, const QVariantMap&) {
-    owner_.activated_();
-}
-
 } // namespace orvane
+
+#include "SingleInstance.moc"

@@ -1,49 +1,33 @@
 #pragma once
 
-#include <QDBusAbstractAdaptor>
 #include <QObject>
-#include <QVariantMap>
-
-#include <functional>
 
 namespace orvane {
 
-/// The program's name on the session bus, "app.orvane.Orvane", through which a second start reaches
-/// the first (org.freedesktop.Application, Desktop Entry Specification). Main thread.
+/// The running program as others find it on the session bus, "app.orvane.Orvane", with the interface
+/// org.freedesktop.Application (Desktop Entry Specification, D-Bus activation). Main thread.
 class SingleInstance : public QObject {
     Q_OBJECT
 
 public:
-    /// `activated` is called whenever somebody asks the program to show itself.
-    explicit SingleInstance(std::function<void()> activated, QObject* parent = nullptr);
+    using QObject::QObject;
+    /// Gives the name back.
+    ~SingleInstance() override;
 
-    /// Takes the name; without a session bus, or when another program has it, nothing is taken.
-    void claim();
+    /// Takes the name, so that `activated` follows when another start asks for it. False where there
+    /// is no session bus or another program has the name; the program then runs without.
+    bool claim();
 
-    /// Asks the running program to show itself. Returns whether it answered.
+    /// Asks the program that has the name to come to the front, and waits a few seconds for its answer.
+    /// False when nobody answered. Starts nobody.
     static bool activateOther();
 
-private:
-    friend class ApplicationAdaptor;
-    std::function<void()> activated_;
-};
-
-/// The three calls of org.freedesktop.Application. The program opens no files and has no actions: each
-/// shows it.
-class ApplicationAdaptor : public QDBusAbstractAdaptor {
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
-
-public:
-    explicit ApplicationAdaptor(SingleInstance& owner) : QDBusAbstractAdaptor(&owner), owner_(owner) {}
-
-public slots:
-    void Activate(const QVariantMap& platformData);
-    void Open(const QStringList& addresses, const QVariantMap& platformData);
-    void ActivateAction(const QString& name, const QVariantList& parameter, const QVariantMap& platformData);
+signals:
+    /// Another start asks this one to come to the front.
+    void activated();
 
 private:
-    SingleInstance& owner_;
+    bool claimed_ = false;
 };
 
 } // namespace orvane
