@@ -4,6 +4,7 @@
 
 #include <QList>
 #include <QObject>
+#include <QRect>
 #include <QString>
 
 #include <cstdint>
@@ -42,5 +43,10 @@ signals:
     /// A display came, went, moved or changed its size, scale or free room.
     void changed();
 };
+
+/// Between the toolkit's rectangles (y downwards from the top of the desktop) and the program's: y is
+/// turned round at the desktop's top edge, which is 0 in both.
+planner::Rect upwards(const QRect& rect);
+QRect downwards(const planner::Rect& rect);
 
 } // namespace orvane

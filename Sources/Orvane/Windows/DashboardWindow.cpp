@@ -2,6 +2,7 @@
 
 #include "Model/AppModel.h"
 #include "Model/NavigationModel.h"
+#include "Platform/Screens.h"
 #include "Platform/SystemEvents.h"
 #include "Platform/UserDefaults.h"
 
@@ -20,10 +21,6 @@ namespace {
 constexpr QSize preferredSize{1320, 730};
 constexpr QSize leastSize{860, 580};
 const QString frameKey = QStringLiteral("OrvaneDashboard");
-
-QRect toolkitRect(const planner::Rect& rect) {
-    return {qRound(rect.x), qRound(-rect.maxY()), qRound(rect.width), qRound(rect.height)};
-}
 
 } // namespace
 
@@ -59,7 +56,7 @@ void DashboardWindow::make(std::optional<planner::Rect> visible) {
     window_->setSource(QUrl(QStringLiteral("qrc:/qt/qml/Orvane/DashboardView.qml")));
     if (!window_->rootObject()) qFatal("The Dashboard's view cannot be loaded.");
 
-    const auto room = visible ? toolkitRect(*visible) : QRect(QPoint(), preferredSize);
+    const auto room = visible ? downwards(*visible) : QRect(QPoint(), preferredSize);
     const auto saved = remembered();
     if (saved.isValid()) {
         // The display it stood on may be gone.

@@ -65,14 +65,6 @@ QList<Screen> ScreenList::list() const {
     return result;
 }
 
-planner::Rect upwards(const QRect& rect) {
-    return {double(rect.x()), -double(rect.y()) - rect.height(), double(rect.width()), double(rect.height())};
-}
-
-QRect downwards(const planner::Rect& rect) {
-    return {qRound(rect.x), qRound(-rect.maxY()), qRound(rect.width), qRound(rect.height)};
-}
-
 std::uint32_t displayHash(const QString& text) {
     std::uint32_t hash = 2166136261u;
     const auto bytes = text.toUtf8();

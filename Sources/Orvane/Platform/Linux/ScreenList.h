@@ -2,7 +2,6 @@
 
 #include "Platform/Screens.h"
 
-class QRect;
 class QScreen;
 
 namespace orvane {
@@ -21,11 +20,6 @@ public:
 private:
     void follow(QScreen* screen);
 };
-
-/// Between the window system's rectangles (y downwards from the top of the desktop) and the
-/// program's: y is turned round at the desktop's top edge, which is 0 in both.
-planner::Rect upwards(const QRect& rect);
-QRect downwards(const planner::Rect& rect);
 
 /// The 32-bit FNV-1a hash of a text's UTF-8 bytes, 1 in place of 0.
 std::uint32_t displayHash(const QString& text);

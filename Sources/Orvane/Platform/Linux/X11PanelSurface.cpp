@@ -1,8 +1,8 @@
 #include "Platform/Linux/X11PanelSurface.h"
 
 #include "Model/PanelState.h"
-#include "Platform/Linux/ScreenList.h"
 #include "Platform/Linux/X11.h"
+#include "Platform/Screens.h"
 #include "Windows/PanelMask.h"
 
 #include <QGuiApplication>
