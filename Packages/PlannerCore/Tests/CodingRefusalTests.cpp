@@ -156,23 +156,27 @@ TEST(Decoding, KeysMayStandInAnyOrderAndBeSpelledWithEscapes) {
               decodeNote(note));
 }
 
-TEST(Decoding, AnUnknownValueTenThousandLevelsDeepIsSkipped) {
-    const std::string open(10'000, '['), close(10'000, ']');
-    EXPECT_EQ(decodeNote(noteWith("\"x\":" + open + close)), decodeNote(note));
+TEST(Decoding, AnUnknownValueAsDeepAsTheLimitIsSkipped) {
+    // The record itself is the first level.
+    const auto levels = maximumJsonNesting - 1;
+    EXPECT_EQ(decodeNote(noteWith("\"x\":" + std::string(levels, '[') + std::string(levels, ']'))),
+              decodeNote(note));
 
     std::string objects;
-    for (int level = 0; level < 10'000; ++level) objects += R"({"id":)";
-    EXPECT_EQ(decodeNote(noteWith("\"x\":" + objects + "1" + std::string(10'000, '}'))), decodeNote(note));
+    for (std::size_t level = 0; level < levels; ++level) objects += R"({"id":)";
+    EXPECT_EQ(decodeNote(noteWith("\"x\":" + objects + "1" + std::string(levels, '}'))), decodeNote(note));
 }
 
 TEST(Decoding, NestingBombsAreRefused) {
-    for (const std::string bomb : {"[", "{\"a\":"}) {
-        std::string json;
-        for (std::size_t level = 0; level <= maximumJsonNesting + 1; ++level) json += bomb;
-        const auto problem = problemOfNote(noteWith("\"x\":" + json));
-        EXPECT_TRUE(problem.starts_with("Nesting that is too deep near byte ")) << problem;
-        EXPECT_FALSE(problemOfNote(json).empty());
-    }
+    for (const std::string bomb : {"[", "{\"a\":", "[{\"a\":"})
+        for (const auto levels : {maximumJsonNesting, std::size_t(10'000), std::size_t(5'000'000)}) {
+            std::string json;
+            json.reserve(levels * bomb.size());
+            for (std::size_t level = 0; level < levels; ++level) json += bomb;
+            const auto problem = problemOfNote(noteWith("\"x\":" + json));
+            EXPECT_TRUE(problem.starts_with("Nesting that is too deep near byte ")) << problem;
+            EXPECT_FALSE(problemOfNote(json).empty());
+        }
 }
 
 TEST(Decoding, WhatDoesNotBelongIsNamedWithItsPlace) {
@@ -247,7 +251,7 @@ TEST(Decoding, EveryDocumentCutShortIsRefused) {
 
 TEST(Decoding, AMismatchSaysWhatWasExpectedAndWhatWasFound) {
     EXPECT_EQ(problemOfNote(R"({"id":5})"), R"("id" of a note must hold a string, not a number near byte 7)");
-    EXPECT_EQ(problemOfNote(R"([])"), "A note must be an object, not an array near byte 0");
+    EXPECT_EQ(problemOfNote(R"([])"), "A note must be an object, not an array near byte 1");
     const auto task = [](const char* json) { return problemOf([&] { decodeTask(json); }); };
     EXPECT_EQ(task(R"({"order":1.5})"), "A number with a fraction in place of an integer near byte 12");
     EXPECT_EQ(task(R"({"order":1e30})"), "An integer beyond 64 bits near byte 13");

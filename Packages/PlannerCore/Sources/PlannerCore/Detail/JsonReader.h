@@ -25,8 +25,9 @@ public:
     virtual void endArray() = 0;
 };
 
-/// How many objects and arrays may stand inside one another.
-inline constexpr std::size_t maximumJsonNesting = 100'000;
+/// How many objects and arrays may stand inside one another: far more than anything we write has, and few
+/// enough for any thread's stack.
+inline constexpr std::size_t maximumJsonNesting = 1000;
 
 /// Reads one JSON document (RFC 8259) that fills `text`. Throws JsonError with the place for anything
 /// else: bytes before or after it, a byte order mark, invalid UTF-8, a surrogate without its other
