@@ -74,7 +74,12 @@ public:
     RecordList(std::initializer_list<T> records) : RecordList(std::vector<T>(records)) {}
     /// Takes the records over, in order.
     explicit RecordList(std::vector<T> records) {
-        for (auto& record : records) push_back(std::move(record));
+        for (std::size_t start = 0; start < records.size(); start += chunkCapacity) {
+            const auto first = std::make_move_iterator(records.begin() + std::ptrdiff_t(start));
+            const auto count = std::min(chunkCapacity, records.size() - start);
+            starts_.push_back(start);
+            chunks_.push_back(std::make_shared<Chunk>(first, first + std::ptrdiff_t(count)));
+        }
     }
 
     std::size_t size() const { return starts_.empty() ? 0 : starts_.back() + chunks_.back()->size(); }
@@ -206,12 +211,21 @@ public:
     /// that is not visited stands unchanged in `other` too; one that is visited may.
     template <class Visitor>
     void forEachUnshared(const RecordList& other, Visitor visit) const {
+        // Lists that came from one another mostly begin and end with the same chunks: only what lies
+        // between has to be looked up.
+        const auto most = std::min(chunks_.size(), other.chunks_.size());
+        std::size_t front = 0, back = 0;
+        while (front < most && chunks_[front] == other.chunks_[front]) ++front;
+        while (front + back < most &&
+               chunks_.end()[-1 - std::ptrdiff_t(back)] == other.chunks_.end()[-1 - std::ptrdiff_t(back)])
+            ++back;
         std::unordered_set<const Chunk*> shared;
-        shared.reserve(other.chunks_.size());
-        for (const auto& chunk : other.chunks_) shared.insert(chunk.get());
-        for (const auto& chunk : chunks_)
-            if (!shared.contains(chunk.get()))
-                for (const auto& record : *chunk) visit(record);
+        shared.reserve(other.chunks_.size() - front - back);
+        for (auto index = front; index < other.chunks_.size() - back; ++index)
+            shared.insert(other.chunks_[index].get());
+        for (auto index = front; index < chunks_.size() - back; ++index)
+            if (!shared.contains(chunks_[index].get()))
+                for (const auto& record : *chunks_[index]) visit(record);
     }
 
 private:

@@ -14,8 +14,8 @@ struct ListDifference {
     std::vector<const Record*> removed;
     /// Records of the new list that differ from the old one's of the same identifier.
     std::vector<const Record*> changed;
-    /// Records of the new list that stand in no chunk of the old one that it does not share: in none
-    /// at all, unless the new list holds an identifier twice.
+    /// Records of the new list whose identifier was not found in the old one: one that it lacks, unless
+    /// the new list holds an identifier twice.
     std::vector<const Record*> added;
 
     bool empty() const { return removed.empty() && changed.empty() && added.empty(); }
@@ -25,12 +25,15 @@ struct Difference {
     ListDifference<PlannerTask> tasks;
     ListDifference<DailyNote> notes;
     ListDifference<FocusSession> sessions;
+    /// Whether there was something and nothing of it stays.
+    bool removesEverything = false;
 
     bool empty() const { return tasks.empty() && notes.empty() && sessions.empty(); }
 };
 
 /// What turns `stored`, in which no identifier stands twice, into `wanted`. Looks only at the chunks
-/// that the two do not share. Nothing when an identifier stands twice among what was looked at.
+/// that the two do not share. Nothing when an identifier was seen to stand twice in
+/// `wanted`; one that stands twice without having been seen to comes as added.
 std::optional<Difference> difference(const PlannerSnapshot& stored, const PlannerSnapshot& wanted);
 
 } // namespace planner::detail

@@ -106,6 +106,7 @@ StoreRows::StoreRows(Database& database)
                         " ON CONFLICT(key) DO NOTHING"),
       update_(database, "UPDATE PlannerRecord SET payload = ? WHERE key = ?"),
       remove_(database, "DELETE FROM PlannerRecord WHERE key = ?"),
+      clear_(database, "DELETE FROM PlannerRecord"),
       updateRow_(database, "UPDATE PlannerRecord SET payload = ? WHERE rowid = ?"),
       removeRow_(database, "DELETE FROM PlannerRecord WHERE rowid = ?"),
       dataVersion_(database, "PRAGMA data_version") {}
@@ -172,6 +173,18 @@ bool StoreRows::insert(std::string_view key, std::string_view kind, std::string_
 }
 
 template <class Record>
+bool StoreRows::remove(const std::vector<const Record*>& records) {
+    for (const auto* record : records) {
+        key_.clear();
+        StoredAs<Record>::appendKey(*record, key_);
+        remove_.bindText(1, key_);
+        remove_.run();
+        if (database_.changes() != 1) return false;
+    }
+    return true;
+}
+
+template <class Record>
 bool StoreRows::write(const ListDifference<Record>& difference) {
     const auto prepare = [this](const Record& record) {
         key_.clear();
@@ -179,13 +192,6 @@ bool StoreRows::write(const ListDifference<Record>& difference) {
         payload_.clear();
         encode(record, payload_);
     };
-    for (const auto* record : difference.removed) {
-        key_.clear();
-        StoredAs<Record>::appendKey(*record, key_);
-        remove_.bindText(1, key_);
-        remove_.run();
-        if (database_.changes() != 1) return false;
-    }
     for (const auto* record : difference.changed) {
         prepare(*record);
         update_.bindBlob(1, payload_);
@@ -201,6 +207,12 @@ bool StoreRows::write(const ListDifference<Record>& difference) {
 }
 
 bool StoreRows::writeDifference(const Difference& difference) {
+    if (difference.removesEverything) {
+        clear_.run();
+    } else if (!remove(difference.tasks.removed) || !remove(difference.notes.removed) ||
+               !remove(difference.sessions.removed)) {
+        return false;
+    }
     return write(difference.tasks) && write(difference.notes) && write(difference.sessions);
 }
 

@@ -4,6 +4,8 @@
 #include <PlannerCore/Detail/StoreDifference.h>
 
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace planner::detail {
 
@@ -43,6 +45,9 @@ public:
 
 private:
     template <class Record>
+    bool remove(const std::vector<const Record*>& records);
+    /// What was changed and what was added.
+    template <class Record>
     bool write(const ListDifference<Record>& difference);
     bool insert(std::string_view key, std::string_view kind, std::string_view payload);
 
@@ -51,6 +56,7 @@ private:
     Statement insert_;
     Statement update_;
     Statement remove_;
+    Statement clear_;
     Statement updateRow_;
     Statement removeRow_;
     Statement dataVersion_;
