@@ -25,13 +25,16 @@ run_suite() {
         --output-junit "$reports/$preset.xml" "$@"
 }
 
-# fuzz_each SECONDS BUILD SEEDS: runs every fuzz target of a build on a copy of its seeds.
+# fuzz_each SECONDS BUILD SEEDS…: runs every fuzz target of a build on a copy of its seeds.
 fuzz_each() {
-    local seconds=$1 build=$2 seeds=$3 target name status=0
+    local seconds=$1 build=$2 seeds target name status=0
+    shift 2
     for target in $(find "$build" -type f -executable -name 'Fuzz*' | sort); do
         name=$(basename "$target")
         mkdir -p "$reports/corpus/$name" "build/fuzz-findings"
-        if [[ -d $seeds/$name ]]; then cp -r "$seeds/$name/." "$reports/corpus/$name"; fi
+        for seeds in "$@"; do
+            if [[ -d $seeds/$name ]]; then cp -r "$seeds/$name/." "$reports/corpus/$name"; fi
+        done
         echo "Fuzzing $name for $seconds seconds"
         if "$target" -max_total_time="$seconds" -timeout=25 -rss_limit_mb=4096 -print_final_stats=1 \
             -artifact_prefix="build/fuzz-findings/$name-" "$reports/corpus/$name" >"$reports/$name.log" 2>&1; then
