@@ -1,48 +1,16 @@
-#include "Doubles/FakeClock.h"
-#include "Model/FocusController.h"
+#include "FocusDesk.h"
 
 #include <QSignalSpy>
 #include <QTest>
 
-#include <limits>
-#include <vector>
-
 using orvane::FocusController;
 using orvane::test::FakeClock;
+using Desk = orvane::test::FocusDesk;
+using orvane::test::storedCountdown;
 using planner::FocusMode;
 using planner::FocusSegment;
 using planner::FocusSession;
 using planner::FocusStatus;
-using planner::PlannerTask;
-
-namespace {
-
-const PlannerTask task(planner::Uuid::random(), "Write the letter", planner::Instant{0}, 1);
-
-/// A controller whose owner notes what it is told.
-struct Desk {
-    FakeClock clock{planner::Instant{794'800'000}, 1000};
-    FocusController focus{clock};
-    std::vector<FocusSession> saved;
-    std::vector<FocusSession> completed;
-
-    Desk() {
-        focus.onCheckpoint = [this](const FocusSession& session) { saved.push_back(session); };
-        focus.onCompleted = [this](const FocusSession& session) { completed.push_back(session); };
-    }
-
-    const FocusSession& session() const { return focus.engine()->session; }
-};
-
-/// Of 1,500 seconds planned, 120 are counted.
-FocusSession stored(FocusStatus status) {
-    FocusSession session(task.id, task.title, FocusMode::countdown, 1500, planner::Instant{790'000'000});
-    session.status = status;
-    session.segments = {{planner::Instant{790'000'000}, 70}, {planner::Instant{790'000'100}, 50}};
-    return session;
-}
-
-} // namespace
 
 class FocusControllerTests : public QObject {
     Q_OBJECT
@@ -59,11 +27,11 @@ private slots:
 
     void startingSavesARunningSessionOfTheTask() {
         Desk desk;
-        desk.focus.start(task, FocusMode::countdown, 25);
+        desk.focus.start(desk.task, FocusMode::countdown, 25);
         QCOMPARE(desk.saved.size(), 1u);
         const auto& session = desk.saved[0];
-        QVERIFY(session.taskID == task.id);
-        QCOMPARE(session.title, task.title);
+        QVERIFY(session.taskID == desk.task.id);
+        QCOMPARE(session.title, desk.task.title);
         QVERIFY(session.mode == FocusMode::countdown);
         QCOMPARE(session.target, 1500.0);
         QVERIFY(session.status == FocusStatus::running);
@@ -76,7 +44,7 @@ private slots:
 
     void aCountdownIsShownEverySecondSavedEveryFifteenAndCompletedOnce() {
         Desk desk;
-        desk.focus.start(task, FocusMode::countdown, 25);
+        desk.focus.start(desk.task, FocusMode::countdown, 25);
         QSignalSpy shown(&desk.focus, &FocusController::secondsChanged);
         desk.clock.advance(14);
         QCOMPARE(shown.size(), 14);
@@ -109,7 +77,7 @@ private slots:
 
     void aCountdownWhoseEndFallsBetweenCheckpointsEndsInItsOwnSecond() {
         Desk desk;
-        desk.focus.start(task, FocusMode::countdown, 1);
+        desk.focus.start(desk.task, FocusMode::countdown, 1);
         desk.clock.advance(10);
         desk.focus.pause();
         desk.clock.advance(100);
@@ -123,7 +91,7 @@ private slots:
 
     void aLateTickStillCountsOnlyTheTarget() {
         Desk desk;
-        desk.focus.start(task, FocusMode::countdown, 1);
+        desk.focus.start(desk.task, FocusMode::countdown, 1);
         // The machine was busy: no tick came through for long.
         desk.clock.setUptime(5000);
         desk.clock.advance(1);
@@ -133,7 +101,7 @@ private slots:
 
     void pausingAfterTheDeadlineCompletes() {
         Desk desk;
-        desk.focus.start(task, FocusMode::countdown, 1);
+        desk.focus.start(desk.task, FocusMode::countdown, 1);
         desk.clock.setUptime(desk.clock.uptime() + 60);
         desk.focus.pause();
         QCOMPARE(desk.completed.size(), 1u);
@@ -145,7 +113,7 @@ private slots:
 
     void pausingBeforeTheDeadlineDoesNotComplete() {
         Desk desk;
-        desk.focus.start(task, FocusMode::countdown, 1);
+        desk.focus.start(desk.task, FocusMode::countdown, 1);
         desk.clock.advance(59.5);
         desk.focus.pause();
         QVERIFY(desk.completed.empty());
@@ -157,7 +125,7 @@ private slots:
 
     void aPausedSessionStandsStill() {
         Desk desk;
-        desk.focus.start(task, FocusMode::stopwatch, 25);
+        desk.focus.start(desk.task, FocusMode::stopwatch, 25);
         desk.clock.advance(20);
         desk.focus.pause();
         const auto saves = desk.saved.size();
@@ -168,7 +136,7 @@ private slots:
 
     void resumingGoesOnAndCountsItsTicksAnew() {
         Desk desk;
-        desk.focus.start(task, FocusMode::stopwatch, 25);
+        desk.focus.start(desk.task, FocusMode::stopwatch, 25);
         desk.clock.advance(14);
         desk.focus.pause();
         desk.clock.advance(100);
@@ -184,7 +152,7 @@ private slots:
 
     void resumingWhileRunningNeitherCountsTwiceNorTicksTwice() {
         Desk desk;
-        desk.focus.start(task, FocusMode::stopwatch, 25);
+        desk.focus.start(desk.task, FocusMode::stopwatch, 25);
         desk.clock.advance(10);
         desk.focus.resume();
         QCOMPARE(desk.clock.tickers(), 1u);
@@ -194,7 +162,7 @@ private slots:
 
     void finishingAStopwatchNeverCompletes() {
         Desk desk;
-        desk.focus.start(task, FocusMode::stopwatch, 1);
+        desk.focus.start(desk.task, FocusMode::stopwatch, 1);
         desk.clock.advance(90);
         desk.focus.finish();
         QVERIFY(desk.completed.empty());
@@ -207,7 +175,7 @@ private slots:
 
     void finishingACountdownEarlyDoesNotComplete() {
         Desk desk;
-        desk.focus.start(task, FocusMode::countdown, 1);
+        desk.focus.start(desk.task, FocusMode::countdown, 1);
         desk.clock.advance(30);
         desk.focus.finish();
         QVERIFY(desk.completed.empty());
@@ -217,7 +185,7 @@ private slots:
 
     void finishingACountdownThatHasRunOutCompletes() {
         Desk desk;
-        desk.focus.start(task, FocusMode::countdown, 1);
+        desk.focus.start(desk.task, FocusMode::countdown, 1);
         desk.clock.setUptime(desk.clock.uptime() + 60);
         desk.focus.finish();
         QCOMPARE(desk.completed.size(), 1u);
@@ -227,7 +195,7 @@ private slots:
 
     void finishingAPausedSessionAddsNothing() {
         Desk desk;
-        desk.focus.start(task, FocusMode::stopwatch, 1);
+        desk.focus.start(desk.task, FocusMode::stopwatch, 1);
         desk.clock.advance(30);
         desk.focus.pause();
         desk.clock.advance(30);
@@ -238,7 +206,7 @@ private slots:
 
     void restoringARunningSessionShowsItPausedAtItsLastCheckpoint() {
         Desk desk;
-        desk.focus.restore(stored(FocusStatus::running));
+        desk.focus.restore(storedCountdown(FocusStatus::running));
         QVERIFY(desk.focus.recovered());
         QVERIFY(desk.session().status == FocusStatus::paused);
         QCOMPARE(desk.focus.seconds(), 1380.0);
@@ -256,7 +224,7 @@ private slots:
     void restoringAPausedOrFinishedSessionIsNoRecovery() {
         for (const auto status : {FocusStatus::paused, FocusStatus::finished}) {
             Desk desk;
-            const auto session = stored(status);
+            const auto session = storedCountdown(status);
             desk.focus.restore(session);
             QVERIFY(!desk.focus.recovered());
             QVERIFY(desk.session() == session);
@@ -266,23 +234,23 @@ private slots:
 
     void restoringNothingClearsTheController() {
         Desk desk;
-        desk.focus.start(task, FocusMode::countdown, 25);
+        desk.focus.start(desk.task, FocusMode::countdown, 25);
         desk.focus.restore(std::nullopt);
         QVERIFY(!desk.focus.engine());
         QCOMPARE(desk.focus.seconds(), 0.0);
         QCOMPARE(desk.clock.pending(), 0u);
         QCOMPARE(desk.saved.size(), 1u);
 
-        desk.focus.restore(stored(FocusStatus::running));
+        desk.focus.restore(storedCountdown(FocusStatus::running));
         desk.focus.restore(std::nullopt);
         QVERIFY(!desk.focus.recovered());
     }
 
     void startingSavesAnOpenSessionAsFinishedFirst() {
         Desk desk;
-        desk.focus.start(task, FocusMode::stopwatch, 25);
+        desk.focus.start(desk.task, FocusMode::stopwatch, 25);
         desk.clock.advance(10);
-        desk.focus.start(task, FocusMode::countdown, 5);
+        desk.focus.start(desk.task, FocusMode::countdown, 5);
         QCOMPARE(desk.saved.size(), 3u);
         QVERIFY(desk.saved[1].id == desk.saved[0].id);
         QVERIFY(desk.saved[1].status == FocusStatus::finished);
@@ -295,8 +263,8 @@ private slots:
 
     void aNewSessionIsNotARecoveredOne() {
         Desk desk;
-        desk.focus.restore(stored(FocusStatus::running));
-        desk.focus.start(task, FocusMode::countdown, 5);
+        desk.focus.restore(storedCountdown(FocusStatus::running));
+        desk.focus.start(desk.task, FocusMode::countdown, 5);
         QVERIFY(!desk.focus.recovered());
     }
 
@@ -314,7 +282,7 @@ private slots:
     void withoutAnOwnerItOnlyCounts() {
         FakeClock clock;
         FocusController focus(clock);
-        focus.start(task, FocusMode::countdown, 1);
+        focus.start(planner::PlannerTask(), FocusMode::countdown, 1);
         clock.advance(60);
         QVERIFY(!focus.isRunning());
         QCOMPARE(focus.seconds(), 0.0);
@@ -322,7 +290,7 @@ private slots:
 
     void aJumpOfTheWallClockChangesOnlyWhenALaterStretchBegan() {
         Desk desk;
-        desk.focus.start(task, FocusMode::stopwatch, 25);
+        desk.focus.start(desk.task, FocusMode::stopwatch, 25);
         const auto start = desk.clock.now();
         desk.clock.advance(5);
         desk.clock.stepWall(-7200);
@@ -336,7 +304,7 @@ private slots:
 
     void sleepIsNotCounted() {
         Desk desk;
-        desk.focus.start(task, FocusMode::countdown, 25);
+        desk.focus.start(desk.task, FocusMode::countdown, 25);
         desk.clock.advance(10);
         desk.clock.sleep(9 * 3600);
         desk.clock.advance(5);
@@ -346,7 +314,7 @@ private slots:
 
     void anUptimeThatGoesBackCountsNothingForThatStretch() {
         Desk desk;
-        desk.focus.start(task, FocusMode::stopwatch, 25);
+        desk.focus.start(desk.task, FocusMode::stopwatch, 25);
         desk.clock.setUptime(500);
         desk.clock.advance(15);
         QVERIFY(desk.session().segments.empty());
@@ -359,11 +327,11 @@ private slots:
         int begun = 0;
         desk.focus.onCompleted = [&](const FocusSession& session) {
             QVERIFY(session.status == FocusStatus::finished);
-            if (++begun < 3) desk.focus.start(task, FocusMode::countdown, 1);
+            if (++begun < 3) desk.focus.start(desk.task, FocusMode::countdown, 1);
             // The session is the caller's to read for as long as the callback runs.
             QCOMPARE(session.activeDuration(), 60.0);
         };
-        desk.focus.start(task, FocusMode::countdown, 1);
+        desk.focus.start(desk.task, FocusMode::countdown, 1);
         desk.clock.advance(120);
         QCOMPARE(begun, 2);
         QVERIFY(desk.focus.isRunning());
@@ -377,7 +345,7 @@ private slots:
         FakeClock clock;
         {
             FocusController focus(clock);
-            focus.start(task, FocusMode::stopwatch, 25);
+            focus.start(planner::PlannerTask(), FocusMode::stopwatch, 25);
             QCOMPARE(clock.tickers(), 1u);
         }
         QCOMPARE(clock.tickers(), 0u);
@@ -388,7 +356,7 @@ private slots:
         Desk desk;
         QSignalSpy engine(&desk.focus, &FocusController::engineChanged);
         QSignalSpy recovered(&desk.focus, &FocusController::recoveredChanged);
-        desk.focus.restore(stored(FocusStatus::running));
+        desk.focus.restore(storedCountdown(FocusStatus::running));
         QCOMPARE(engine.size(), 1);
         QCOMPARE(recovered.size(), 1);
         desk.focus.resume();
@@ -405,7 +373,7 @@ private slots:
         Desk desk;
         std::size_t saves = 0;
         desk.focus.onCheckpoint = [&](const FocusSession&) { ++saves; };
-        desk.focus.start(task, FocusMode::countdown, 1440);
+        desk.focus.start(desk.task, FocusMode::countdown, 1440);
         desk.clock.advance(86400);
         QCOMPARE(saves, 5761u);
         QCOMPARE(desk.completed.size(), 1u);

@@ -3,6 +3,7 @@
 
 #include <PlannerCore/PlannerDates.h>
 
+#include "Seed.h"
 #include "Times.h"
 
 #include <QTest>
@@ -299,9 +300,8 @@ class FocusSimulationTests : public QObject {
     Q_OBJECT
 
 private slots:
-    /// ORVANE_SEED repeats a life that went wrong.
     void noSecondIsCountedTwiceOrInvented() {
-        const auto base = std::uint64_t(qEnvironmentVariableIntValue("ORVANE_SEED"));
+        const auto base = orvane::test::seed();
         const auto zones = planner::test::allTimeZones();
         std::size_t lives = 0;
         std::size_t sessions = 0;
