@@ -19,12 +19,10 @@ FocusScope {
     /// The task moved last by keyboard, whose row says where it is now.
     property string movedId: ""
 
-    readonly property bool menuOpen: menu.opened
-
     onTasksChanged: {
         root.editingId = "";
         root.movedId = "";
-        list.currentIndex = 0;
+        list.show(root.tasks);
     }
 
     function focusRow(row: int, reason: int): void {
@@ -82,18 +80,12 @@ FocusScope {
     }
 
     function runMenu(name: string): void {
-        const taskId = root.menuId;
-        const row = root.tasks.rowOf(taskId);
-        if (row < 0)
-            return;
         if (name === "rename")
-            root.edit(taskId);
-        else if (name === "up")
-            root.moveBy(taskId, -1);
-        else if (name === "down")
-            root.moveBy(taskId, 1);
+            root.edit(root.menuId);
+        else if (name === "up" || name === "down")
+            root.moveBy(root.menuId, name === "up" ? -1 : 1);
         else if (name === "delete")
-            root.remove(row, taskId);
+            root.remove(root.tasks.rowOf(root.menuId), root.menuId);
     }
 
     /// What a key does to the row that has the keyboard; whether it does anything.
@@ -129,11 +121,18 @@ FocusScope {
 
         property int hoveredRow: -1
 
+        // Rows kept for reuse would show the other model's values.
+        function show(tasks: Orvane.TaskListModel): void {
+            list.reuseItems = false;
+            list.model = tasks;
+            list.currentIndex = 0;
+            list.reuseItems = true;
+        }
+
         anchors.fill: parent
         focus: true
         clip: true
-        model: root.tasks
-        reuseItems: true
+        Component.onCompleted: list.show(root.tasks)
         cacheBuffer: 120
         boundsBehavior: Flickable.StopAtBounds
         keyNavigationEnabled: false
@@ -167,20 +166,17 @@ FocusScope {
             lifted: drag.active && drag.taskId === row.taskId
             lineAbove: row.index > 0 && list.hoveredRow !== row.index && list.hoveredRow !== row.index - 1
             announcement: root.movedId === row.taskId ? qsTr("%1, %2 of %3").arg(row.title).arg(row.index + 1).arg(list.count) : ""
-            focusPolicy: row.isCurrent ? Qt.TabFocus : Qt.NoFocus
+            focusPolicy: row.isCurrent || row.activeFocus ? Qt.TabFocus : Qt.NoFocus
 
             onActiveFocusChanged: {
-                if (!row.activeFocus)
-                    return;
-                list.currentIndex = row.index;
-                if (root.movedId !== row.taskId)
+                if (row.activeFocus)
+                    list.currentIndex = row.index;
+                if (row.activeFocus && root.movedId !== row.taskId)
                     root.movedId = "";
             }
             onActiveChanged: {
-                if (row.active)
-                    list.hoveredRow = row.index;
-                else if (list.hoveredRow === row.index)
-                    list.hoveredRow = -1;
+                if (row.active || list.hoveredRow === row.index)
+                    list.hoveredRow = row.active ? row.index : -1;
             }
             ListView.onPooled: if (row.editing) root.editingId = ""
 
@@ -200,7 +196,7 @@ FocusScope {
 
         add: Transition {
             enabled: !root.theme.reduceMotion
-            RowMotion {
+            Orvane.RowMotion {
                 property: "opacity"
                 from: 0
                 to: 1
@@ -208,17 +204,17 @@ FocusScope {
         }
         remove: Transition {
             enabled: !root.theme.reduceMotion
-            RowMotion {
+            Orvane.RowMotion {
                 property: "opacity"
                 to: 0
             }
         }
         displaced: Transition {
             enabled: !root.theme.reduceMotion
-            RowMotion {
+            Orvane.RowMotion {
                 property: "y"
             }
-            RowMotion {
+            Orvane.RowMotion {
                 property: "opacity"
                 to: 1
             }
@@ -250,10 +246,5 @@ FocusScope {
         count: list.count
         movable: !root.completed
         onChosen: name => root.runMenu(name)
-    }
-
-    component RowMotion: NumberAnimation {
-        duration: Orvane.Metrics.rowMove
-        easing.type: Easing.InOutQuad
     }
 }

@@ -111,6 +111,7 @@ T.Control {
 
         Orvane.IconButton {
             id: check
+            objectName: "checkButton"
             x: 1
             y: 6
             theme: root.theme
@@ -170,6 +171,7 @@ T.Control {
         }
         Orvane.IconButton {
             id: ellipsis
+            objectName: "rowMenuButton"
             anchors.right: parent.right
             anchors.rightMargin: 2
             y: 6

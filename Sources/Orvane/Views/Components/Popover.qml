@@ -40,8 +40,10 @@ FocusScope {
     function close(): void {
         if (!root.opened)
             return;
+        // Closing takes the keyboard away from here.
+        const held = root.activeFocus;
         root.opened = false;
-        if (root.activeFocus && root.returnTo)
+        if (held && root.returnTo)
             root.returnTo.forceActiveFocus(root.byKeyboard ? Qt.TabFocusReason : Qt.PopupFocusReason);
         root.returnTo = null;
     }
@@ -68,6 +70,7 @@ FocusScope {
     }
     Rectangle {
         id: surface
+        objectName: "popoverSurface"
         property real restY: 0
         property real rise: root.opened ? 0 : 4
 

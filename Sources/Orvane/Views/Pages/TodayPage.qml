@@ -8,6 +8,8 @@ FocusScope {
     required property Orvane.Theme theme
     required property Orvane.AppModel model
 
+    focus: true
+
     Orvane.WorkspaceView {
         x: 24
         y: 48

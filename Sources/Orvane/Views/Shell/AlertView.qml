@@ -79,6 +79,7 @@ Item {
                     readonly property int choice: root.buttons.length - 1 - answer.index
                     readonly property bool isDefault: answer.choice === 0
 
+                    objectName: answer.text
                     theme: shared
                     text: root.buttons[answer.choice]
                     rest: answer.isDefault ? root.tones.fill : Qt.alpha(root.tones.hover, 0)
@@ -86,13 +87,12 @@ Item {
                     press: answer.isDefault ? root.tones.fillPress : root.tones.press
                     ink: answer.isDefault ? root.tones.inkOnFill : root.tones.text
                     outline: answer.isDefault ? Orvane.Palette.clear : root.tones.edge
-                    ringAlways: answer.isDefault && !answers.anotherFocused
+                    ringAlways: answer.isDefault 
                     focus: answer.isDefault
                     onClicked: root.chosen(answer.choice)
                     Component.onCompleted: if (answer.isDefault) answer.forceActiveFocus(Qt.OtherFocusReason)
                 }
             }
-            property bool anotherFocused: false
         }
     }
     Orvane.PopoverLayer {

@@ -4,7 +4,7 @@ import QtQuick
 import Orvane as Orvane
 
 /// The content of the Dashboard's window: the pages' names at the left, the chosen page beside them.
-Rectangle {
+FocusScope {
     id: root
 
     required property Orvane.AppModel model
@@ -23,12 +23,12 @@ Rectangle {
         }
     ]
 
-    color: root.tones.page
     focus: true
 
-    FocusScope {
+    Rectangle {
+        objectName: "page"
         anchors.fill: parent
-        focus: true
+        color: root.tones.page
 
         Orvane.Sidebar {
             id: sidebar
@@ -52,10 +52,17 @@ Rectangle {
                         return entry.view;
                 return root.pages[0].view;
             }
+            property bool complete: false
+
             onViewChanged: fill()
-            Component.onCompleted: fill()
+            Component.onCompleted: {
+                complete = true;
+                fill();
+            }
 
             function fill(): void {
+                if (!complete)
+                    return;
                 setSource(view, {
                     theme: shared,
                     model: root.model
@@ -65,6 +72,7 @@ Rectangle {
     }
     Orvane.PopoverLayer {
         id: layer
+        objectName: "popovers"
         anchors.fill: parent
         theme: shared
     }

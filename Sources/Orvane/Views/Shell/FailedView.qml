@@ -8,6 +8,8 @@ FocusScope {
     required property Orvane.Theme theme
     required property Orvane.AppModel model
 
+    focus: true
+
     Column {
         anchors.centerIn: parent
         width: Math.min(440, parent.width - 2 * 24)

@@ -6,7 +6,7 @@ import Orvane as Orvane
 /// The content of the panel's window: the strip while it is collapsed, the workspace while it is
 /// expanded. The window keeps its size; the body moves within it from where it is drawn to
 /// `state.target`, and `state.body` follows.
-Item {
+FocusScope {
     id: root
 
     required property Orvane.AppModel model
@@ -19,11 +19,12 @@ Item {
     signal exited
 
     readonly property bool moves: root.state.animated && !root.state.reduceMotion
-    /// The way from `origin` to the target that has been gone, 0 to 1.
+    /// The way from `origin` to `destination` that has been gone, 0 to 1.
     property real way: 1
     property rect origin: Qt.rect(0, 0, 0, 0)
+    property rect destination: Qt.rect(0, 0, 0, 0)
     readonly property rect body: {
-        const to = root.state.target;
+        const to = root.destination;
         const from = root.origin;
         const at = (a, b) => Math.round(a + (b - a) * root.way);
         return Qt.rect(at(from.x, to.x), at(from.y, to.y), at(from.width, to.width), at(from.height, to.height));
@@ -46,9 +47,11 @@ Item {
         if (root.moves && from.width > 0) {
             root.origin = from;
             root.way = 0;
+            root.destination = root.state.target;
             motion.from = root.opened;
             motion.start();
         } else {
+            root.destination = root.state.target;
             root.way = 1;
             root.opened = root.state.expanded ? 1 : 0;
             root.report();
@@ -165,6 +168,7 @@ Item {
         }
         Orvane.PopoverLayer {
             id: layer
+            objectName: "popovers"
             anchors.fill: parent
             theme: shared
         }

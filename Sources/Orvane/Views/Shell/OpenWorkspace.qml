@@ -9,6 +9,8 @@ FocusScope {
     required property Orvane.AppModel model
     required property bool compact
 
+    focus: true
+
     /// How far the texts stand in from the cards' edges.
     readonly property int textInset: 8
 

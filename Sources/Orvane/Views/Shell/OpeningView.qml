@@ -15,6 +15,7 @@ Item {
             theme: root.theme
         }
         Orvane.Label {
+            objectName: "openingPlanner"
             kind: Orvane.Type.body
             text: qsTr("Opening your planner…")
             color: root.theme.tones.second

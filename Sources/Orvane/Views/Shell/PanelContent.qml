@@ -10,6 +10,8 @@ FocusScope {
     required property Orvane.Theme theme
     required property Orvane.AppModel model
 
+    focus: true
+
     function focusFirstControl(): void {
         dashboardButton.forceActiveFocus(Qt.TabFocusReason);
     }

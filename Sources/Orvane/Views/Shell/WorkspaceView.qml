@@ -13,6 +13,8 @@ FocusScope {
     /// Whether it stands in the panel.
     required property bool compact
 
+    focus: true
+
     // Restoring comes first, then a planner that is not open yet, then one that could not be opened.
     readonly property bool failed: root.model.storageFailed
     readonly property bool opening: root.model.restoring || (!root.model.ready && !root.failed)
@@ -23,9 +25,16 @@ FocusScope {
         anchors.fill: parent
         focus: true
 
-        Component.onCompleted: content.fill()
+        property bool complete: false
+
+        Component.onCompleted: {
+            content.complete = true;
+            content.fill();
+        }
 
         function fill(): void {
+            if (!content.complete)
+                return;
             const wanted = {
                 theme: root.theme
             };

@@ -1,0 +1,130 @@
+#pragma once
+
+#include "Model/NavigationModel.h"
+#include "Model/PanelState.h"
+#include "Orvane/ModelFixture.h"
+
+#include <QObject>
+#include <QQuickItem>
+#include <QStringList>
+
+#include <memory>
+#include <system_error>
+
+namespace orvane::test {
+
+/// What a test of a view works with: the real model on a desktop in memory.
+class TestDesk : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(orvane::AppModel* model READ model NOTIFY changed)
+    Q_PROPERTY(orvane::PanelState* panel READ panel NOTIFY changed)
+    Q_PROPERTY(orvane::NavigationModel* navigation READ navigation NOTIFY changed)
+    /// How often the model asked to close the panel, and to show the Dashboard.
+    Q_PROPERTY(int dismissals READ dismissals NOTIFY changed)
+    Q_PROPERTY(int dashboards READ dashboards NOTIFY changed)
+
+public:
+    AppModel* model() const { return stage_->house.model.get(); }
+    PanelState* panel() const { return &stage_->panel; }
+    NavigationModel* navigation() const { return &stage_->navigation; }
+    int dismissals() const { return stage_->dismissals; }
+    int dashboards() const { return stage_->dashboards; }
+
+    /// A new desktop whose planner is still closed and holds these open tasks. The model of the one
+    /// before is gone.
+    Q_INVOKABLE void begin(const QStringList& titles) {
+        // Two faulty disks never live at once.
+        stage_.reset();
+        stage_ = std::make_unique<Stage>();
+        planner::PlannerSnapshot planner;
+        for (const auto& title : titles)
+            planner.tasks.push_back({planner::Uuid::random(), title.toStdString(), desk().clock.now(),
+                                     static_cast<std::int64_t>(planner.tasks.size())});
+        stage_->house.store(planner);
+        model()->dismissPanel = [this] { ++stage_->dismissals; };
+        model()->openDashboard = [this] { ++stage_->dashboards; };
+        stage_->panel.setReduceMotion(true);
+        emit changed();
+    }
+
+    /// As `begin`, with the planner opened.
+    Q_INVOKABLE void open(const QStringList& titles) {
+        begin(titles);
+        model()->load();
+        settle();
+    }
+
+    /// Runs the store's jobs and whatever follows from them.
+    Q_INVOKABLE void settle() { desk().settle(); }
+    /// Opening the planner fails from now on, or works again.
+    Q_INVOKABLE void failOpening(bool fails) {
+        desk().dataFolder.failure.reset();
+        if (fails) desk().dataFolder.failure = std::make_error_code(std::errc::permission_denied);
+    }
+    /// Writing the planner fails from now on, or works again.
+    Q_INVOKABLE void failSaves(bool fails) {
+        if (fails)
+            stage_->house.disk.failWrites(SQLITE_FULL);
+        else
+            stage_->house.disk.heal();
+    }
+    Q_INVOKABLE void requestFocus() { model()->requestFocus(); }
+    /// The item below `from` of that object name; nothing when there is none.
+    Q_INVOKABLE QQuickItem* find(QQuickItem* from, const QString& name) const {
+        if (from->objectName() == name) return from;
+        for (auto* child : from->childItems())
+            if (auto* found = find(child, name)) return found;
+        return nullptr;
+    }
+    Q_INVOKABLE QStringList openTitles() const { return titles(false); }
+    Q_INVOKABLE QStringList completedTitles() const { return titles(true); }
+
+    Q_INVOKABLE void showPanel(bool expanded, const QRectF& target, bool animated) {
+        stage_->panel.setExpanded(expanded);
+        stage_->panel.setTarget(target, animated);
+    }
+    Q_INVOKABLE void setReduceMotion(bool on) { stage_->panel.setReduceMotion(on); }
+    Q_INVOKABLE void setNotch(double inset, double width) { stage_->panel.setNotch(inset, width); }
+    Q_INVOKABLE void hideEveryCard() {
+        auto preferences = model()->settings()->preferences();
+        preferences.hiddenCards = allWorkspaceCards();
+        model()->settings()->setPreferences(preferences);
+    }
+    Q_INVOKABLE void setAppearance(const QString& appearance) {
+        auto preferences = model()->settings()->preferences();
+        preferences.appearance = appearance;
+        model()->settings()->setPreferences(preferences);
+    }
+    /// Starts an 80-minute countdown and lets `seconds` of it pass.
+    Q_INVOKABLE void startFocus(double seconds) {
+        model()->focus()->start(model()->incompleteTasks().front(), planner::FocusMode::countdown, 80);
+        desk().clock.advance(seconds);
+    }
+    Q_INVOKABLE void pauseFocus() { model()->focus()->pause(); }
+    Q_INVOKABLE void finishFocus() { model()->focus()->finish(); }
+
+signals:
+    void changed();
+
+private:
+    struct Stage {
+        ModelFixture house;
+        PanelState panel;
+        NavigationModel navigation;
+        int dismissals = 0;
+        int dashboards = 0;
+    };
+
+    FakePlatform& desk() const { return stage_->house.platform; }
+
+    QStringList titles(bool complete) const {
+        QStringList found;
+        for (const auto& task : model()->snapshot().tasks)
+            if (task.isComplete() == complete) found.append(QString::fromStdString(task.title));
+        return found;
+    }
+
+    std::unique_ptr<Stage> stage_ = std::make_unique<Stage>();
+};
+
+} // namespace orvane::test
