@@ -19,4 +19,6 @@ Text {
     bottomPadding: -root.kind.lead
     textFormat: Text.PlainText
     renderType: Text.QtRendering
+    Accessible.role: Accessible.StaticText
+    Accessible.name: root.text
 }
