@@ -55,7 +55,7 @@ struct RecordKind {
 std::vector<RecordKind> recordKinds() {
     const std::string id = R"("0F8FAD5B-D9CB-469F-A165-70867728950E")";
     const std::vector<Member> task{{"createdAt", "1"}, {"id", id}, {"order", "2"}, {"title", R"("Water")"}};
-    const std::vector<Member> note{{"id", R"("2026-03-07")"}, {"text", R"("")"}, {"updatedAt", "1"}};
+    const std::vector<Member> day{{"id", R"("2026-03-07")"}, {"text", R"("")"}, {"updatedAt", "1"}};
     const std::vector<Member> segment{{"duration", "1"}, {"start", "2"}};
     const std::vector<Member> session{{"createdAt", "1"},
                                       {"id", id},
@@ -80,11 +80,11 @@ std::vector<RecordKind> recordKinds() {
         };
     };
     return {{"task", task, [](const std::string& json) { decodeTask(json); }},
-            {"note", note, [](const std::string& json) { decodeNote(json); }},
+            {"note", day, [](const std::string& json) { decodeNote(json); }},
             {"session", session, [](const std::string& json) { decodeSession(json); }},
             {"segment", segment, inSession},
             {"planner", snapshot, [](const std::string& json) { decodeSnapshot(json); }},
-            {"note", note, inSnapshot(0)},
+            {"note", day, inSnapshot(0)},
             {"session", session, inSnapshot(2)},
             {"task", task, inSnapshot(3)}};
 }

@@ -22,7 +22,6 @@ namespace {
 constexpr auto unsupported = "This backup uses an unsupported format."sv;
 constexpr auto duplicates = "The backup contains duplicate records."sv;
 constexpr auto invalid = "The backup contains invalid or excessively large records."sv;
-constexpr auto tooLarge = "Backups must be smaller than 50 MB."sv;
 
 /// The sentence of a failure, or nothing.
 std::string problemOf(const std::function<void()>& action) {
