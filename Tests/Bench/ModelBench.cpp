@@ -1,0 +1,105 @@
+// Prints how long each command keeps the main thread busy: the command itself and everything that
+// follows on that thread until its save has settled and the reminders are in line. The store's own work
+// is left out.
+
+#include "Orvane/ModelFixture.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+#include <functional>
+#include <string>
+#include <vector>
+
+using namespace orvane;
+using namespace orvane::test;
+
+namespace {
+
+constexpr int rounds = 41;
+
+/// Time on the wall, and the part of it in which this thread had the processor.
+struct Spent {
+    double wall = 0;
+    double processor = 0;
+
+    Spent& operator+=(const Spent& more) {
+        wall += more.wall;
+        processor += more.processor;
+        return *this;
+    }
+};
+
+double milliseconds(clockid_t clock) {
+    timespec now{};
+    clock_gettime(clock, &now);
+    return double(now.tv_sec) * 1e3 + double(now.tv_nsec) / 1e6;
+}
+
+Spent spentOn(const std::function<void()>& action) {
+    const Spent begin{milliseconds(CLOCK_MONOTONIC), milliseconds(CLOCK_THREAD_CPUTIME_ID)};
+    action();
+    return {milliseconds(CLOCK_MONOTONIC) - begin.wall,
+            milliseconds(CLOCK_THREAD_CPUTIME_ID) - begin.processor};
+}
+
+/// The main thread's share of `command` and of all that it leads to.
+Spent mainThread(ModelFixture& house, const std::function<void()>& command) {
+    auto& worker = house.platform.storeExecutor;
+    auto spent = spentOn(command);
+    while (worker.work())
+        spent += spentOn([&] {
+            worker.tell();
+            house.platform.notifications.answerAll();
+        });
+    return spent;
+}
+
+void report(ModelFixture& house, const char* name, const std::function<void(int)>& command) {
+    std::vector<double> wall, processor;
+    for (int round = 0; round < rounds; ++round) {
+        const auto spent = mainThread(house, [&] { command(round); });
+        wall.push_back(spent.wall);
+        processor.push_back(spent.processor);
+    }
+    std::sort(wall.begin(), wall.end());
+    std::sort(processor.begin(), processor.end());
+    std::printf("%-28s %9.3f %9.3f %9.3f\n", name, wall[rounds / 2], processor[rounds / 2], wall.back());
+}
+
+void measure(unsigned count) {
+    ModelFixture house;
+    planner::PlannerSnapshot planner;
+    for (unsigned i = 0; i < count; ++i) {
+        auto task = plainTask(i);
+        task.title = "A task whose title is about as long as usual, number " + std::to_string(i);
+        planner.tasks.push_back(std::move(task));
+    }
+    house.store(planner);
+    const auto loading = mainThread(house, [&] { house.model->load(); });
+    std::printf("\n%-28s %9s %9s %9s\n", (std::to_string(count) + " tasks, ms").c_str(), "median",
+                "processor", "worst");
+    std::printf("%-28s %9.3f %9.3f\n", "load", loading.wall, loading.processor);
+    auto& model = *house.model;
+    const auto any = [&](int round) { return house.task(std::size_t(round) * 7919 % (count - rounds)); };
+    const auto first = [&] { return house.task(0).id; };
+    const auto last = [&] { return model.snapshot().tasks.back().id; };
+    report(house, "add", [&](int round) { model.addTask(QStringLiteral("Added %1").arg(round)); });
+    report(house, "rename",
+           [&](int round) { model.rename(any(round), QStringLiteral("Other %1").arg(round)); });
+    report(house, "toggle", [&](int round) { model.toggle(any(round)); });
+    report(house, "delete", [&](int round) { model.deleteTask(any(round)); });
+    report(house, "delete and undo", [&](int round) {
+        model.deleteTask(any(round));
+        model.undoDelete();
+    });
+    report(house, "move the last to the front", [&](int) { model.moveTask(last(), first()); });
+    report(house, "move the first to the end", [&](int) { model.moveTask(first(), planner::Uuid()); });
+    report(house, "move by one, at the end", [&](int) { model.moveTask(model.snapshot().tasks.back(), -1); });
+}
+
+} // namespace
+
+int main() {
+    for (const auto count : {1'000u, 100'000u - rounds}) measure(count);
+}
