@@ -119,7 +119,7 @@ struct Reference {
 
     /// As a store is opened: by order, then age.
     static List sorted(List tasks) {
-        std::stable_sort(tasks.begin(), tasks.end(), [](const auto& left, const auto& right) {
+        std::sort(tasks.begin(), tasks.end(), [](const auto& left, const auto& right) {
             return left.order != right.order ? left.order < right.order : left.createdAt < right.createdAt;
         });
         return tasks;

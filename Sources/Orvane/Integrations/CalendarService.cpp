@@ -56,8 +56,10 @@ QList<AgendaEvent> CalendarService::agenda(const CalendarEvents& found) const {
     std::vector<const CalendarEvent*> left;
     for (const auto& event : found.events)
         if (event.allDay || event.end > now) left.push_back(&event);
-    std::stable_sort(left.begin(), left.end(),
-                     [](const auto* one, const auto* other) { return one->start < other->start; });
+    // Events of the same moment stay as the store listed them: they stand in one array.
+    std::sort(left.begin(), left.end(), [](const auto* one, const auto* other) {
+        return one->start != other->start ? one->start < other->start : one < other;
+    });
     QList<AgendaEvent> rows;
     for (const auto* event : left) rows.append(row(*event));
     return rows;
