@@ -12,10 +12,12 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 namespace {
 
@@ -36,11 +38,13 @@ void write(std::FILE* stream, const std::string& text) {
 
 int selfCheck(int argc, char* argv[]) {
     // Displays are known only to a graphical application, and that ends where there is no display.
-    const bool display = displayReachable();
+    std::optional<DisplayProbe> probe(std::in_place);
+    const bool display = probe->reachable();
     if (display) qputenv("QT_QPA_PLATFORM", "xcb");
     const std::unique_ptr<QCoreApplication> application =
         display ? std::make_unique<QGuiApplication>(argc, argv)
                 : std::make_unique<QCoreApplication>(argc, argv);
+    probe.reset();
     SignalWatch quitSignals;
     BuildInformation information;
     UnaskedNotificationCenter notifications;
@@ -80,15 +84,18 @@ void chooseRenderer() {
 }
 
 int runPlanner(int argc, char* argv[]) {
-    if (!displayReachable()) {
+    std::optional<DisplayProbe> probe(std::in_place);
+    if (!probe->reachable()) {
         std::fputs("orvane: there is no X display to show the planner on\n", stderr);
         return 1;
     }
     qputenv("QT_QPA_PLATFORM", "xcb");
     chooseRenderer();
     QGuiApplication::setQuitOnLastWindowClosed(false);
+    QGuiApplication::setApplicationVersion(QStringLiteral(ORVANE_VERSION));
     QGuiApplication::setDesktopFileName(QStringLiteral("app.orvane.Orvane"));
     QGuiApplication application(argc, argv);
+    probe.reset();
     LinuxPlatform platform;
     switch (decideStart(platform.dataFolder)) {
     case Start::first:

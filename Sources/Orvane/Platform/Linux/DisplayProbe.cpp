@@ -6,11 +6,14 @@
 
 namespace orvane {
 
-bool displayReachable() {
-    auto* connection = xcb_connect(nullptr, nullptr);
-    const bool reachable = xcb_connection_has_error(connection) == 0;
-    xcb_disconnect(connection);
-    return reachable;
+DisplayProbe::DisplayProbe() : connection_(xcb_connect(nullptr, nullptr)) {}
+
+DisplayProbe::~DisplayProbe() {
+    xcb_disconnect(connection_);
+}
+
+bool DisplayProbe::reachable() const {
+    return xcb_connection_has_error(connection_) == 0;
 }
 
 bool hasGraphicsHardware() {
