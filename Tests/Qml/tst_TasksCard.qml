@@ -156,6 +156,20 @@ PanelCase {
         tryCompare(root.item("popovers"), "tipText", "");
     }
 
+    function test_arrows_work_in_a_menu_that_the_pointer_opened(): void {
+        root.start(["One", "Two"]);
+        mouseClick(root.row(1), 100, 20, Qt.RightButton);
+        const menu = root.item("taskMenu");
+        compare(menu.current, -1);
+        keyClick(Qt.Key_Up);
+        compare(menu.entries[menu.current].name, "delete");
+        verify(menu.byKeyboard);
+        keyClick(Qt.Key_Up);
+        compare(menu.entries[menu.current].name, "up");
+        keyClick(Qt.Key_Return);
+        compare(desk.openTitles(), ["Two", "One"]);
+    }
+
     function test_rows_show_what_the_model_holds_after_any_commands(): void {
         root.start(["A", "B", "C", "D"]);
         const model = desk.model;

@@ -23,14 +23,14 @@ Orvane.Popover {
     Accessible.role: Accessible.PopupMenu
     Accessible.name: root.label
 
-    Keys.onUpPressed: root.current = root.next(root.current < 0 ? root.entries.length : root.current, -1)
-    Keys.onDownPressed: root.current = root.next(root.current, 1)
+    Keys.onUpPressed: root.step(-1)
+    Keys.onDownPressed: root.step(1)
     Keys.onReturnPressed: root.choose(root.current)
     Keys.onEnterPressed: root.choose(root.current)
     Keys.onSpacePressed: root.choose(root.current)
     // The keyboard stays in the menu until it is closed.
-    Keys.onTabPressed: root.current = root.next(root.current, 1)
-    Keys.onBacktabPressed: root.current = root.next(root.current < 0 ? root.entries.length : root.current, -1)
+    Keys.onTabPressed: root.step(1)
+    Keys.onBacktabPressed: root.step(-1)
     Keys.onPressed: event => {
         if (event.key === Qt.Key_Home)
             root.current = root.next(-1, 1);
@@ -56,6 +56,12 @@ Orvane.Popover {
                 return index;
         }
         return from;
+    }
+
+    /// Goes on by keyboard, which is shown from then on.
+    function step(by: int): void {
+        root.byKeyboard = true;
+        root.current = root.next(root.current < 0 && by < 0 ? root.entries.length : root.current, by);
     }
 
     function choose(index: int): void {
