@@ -15,6 +15,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <cstdlib>
+#include <filesystem>
 #include <stdexcept>
 #include <system_error>
 #include <utility>
@@ -39,12 +41,18 @@ QJsonArray described(const QList<Screen>& screens) {
     return displays;
 }
 
+/// A fresh path in the temporary folder. One that does not exist fails when the store is opened in it.
+std::filesystem::path scratchPath() {
+    std::error_code missing;
+    auto folder = std::filesystem::temp_directory_path(missing);
+    if (const char* named = std::getenv("TMPDIR"); missing && named) folder = named;
+    return folder / ("Orvane-self-check-" + planner::Uuid::random().text());
+}
+
 } // namespace
 
 SelfCheck::SelfCheck(Surroundings surroundings)
-    : around_(surroundings), scratch_(std::filesystem::temp_directory_path() /
-                                      ("Orvane-self-check-" + planner::Uuid::random().text())),
-      alive_(std::make_shared<SelfCheck*>(this)) {}
+    : around_(surroundings), scratch_(scratchPath()), alive_(std::make_shared<SelfCheck*>(this)) {}
 
 SelfCheck::~SelfCheck() {
     *alive_ = nullptr;
