@@ -1,0 +1,230 @@
+"""Orvane as a person meets it: a home to start it in, and what one does with the panel."""
+
+import json
+import os
+import re
+import shutil
+import signal
+import sqlite3
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+from accessible import Program
+from harness import SCREEN, Keyboard, Pointer, program_path, screenshot, spawn, wait_until
+
+SAVED = "Saved on this Mac"
+
+
+class Home:
+    """Folders for one user of the program: empty, but for preferences that say the introduction is
+    over."""
+
+    def __init__(self, data=None):
+        self.folder = Path(tempfile.mkdtemp(prefix="orvane-home-"))
+        self.data = Path(data) if data else self.folder / "data"
+        self.config = self.folder / "config"
+        for folder in (self.data, self.config):
+            folder.mkdir(mode=0o700, exist_ok=True)
+        self.seed_preferences({"onboardingComplete": True})
+
+    def seed_preferences(self, values):
+        """Writes the preferences as the program keeps them."""
+        record = json.dumps(values, separators=(",", ":")).replace('"', '\\"')
+        file = self.config / "Orvane" / "Orvane.conf"
+        file.parent.mkdir(exist_ok=True)
+        file.write_text(f'[General]\npreferences.v1="@ByteArray({record})"\n')
+
+    @property
+    def planner(self):
+        """The folder with the planner in it."""
+        return self.data / "Orvane"
+
+    @property
+    def store(self):
+        return self.planner / "Planner.sqlite"
+
+    def environment(self):
+        return {**os.environ, "XDG_DATA_HOME": str(self.data), "XDG_CONFIG_HOME": str(self.config)}
+
+    def tasks(self):
+        """The stored tasks in the planner's order, as dictionaries; empty without a store."""
+        if not self.store.exists():
+            return []
+        connection = sqlite3.connect(f"file:{self.store}?mode=ro", uri=True, timeout=10)
+        try:
+            rows = connection.execute("SELECT payload FROM PlannerRecord WHERE kind = 'task'").fetchall()
+        except sqlite3.OperationalError as error:
+            if "no such table" in str(error):
+                return []
+            raise
+        finally:
+            connection.close()
+        return sorted((json.loads(payload) for (payload,) in rows), key=lambda task: task["order"])
+
+    def titles(self):
+        return [task["title"] for task in self.tasks()]
+
+    def remove(self):
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+
+class Orvane(Program):
+    """The running program. `arguments` are its own; the home says where it keeps things."""
+
+    def __init__(self, home, *arguments, environment=None):
+        self.home = home
+        self.log = tempfile.NamedTemporaryFile(prefix="orvane-log-", mode="w+b")
+        self.process = spawn([program_path(), *arguments], stdin=subprocess.DEVNULL, stdout=self.log,
+                             stderr=subprocess.STDOUT, env=environment or home.environment())
+        super().__init__(self.process.pid)
+
+    # Starting and ending.
+
+    def wait_for_strip(self):
+        return self.wait_for("Open Orvane workspace")
+
+    def running(self):
+        return self.process.poll() is None
+
+    def wait_for_end(self):
+        """Waits until the program ends by itself and returns its exit status."""
+        wait_until(lambda: not self.running(), "the program to end")
+        return self.process.returncode
+
+    def terminate(self):
+        """Ends it as a session manager does; returns the exit status."""
+        self.process.send_signal(signal.SIGTERM)
+        return self.wait_for_end()
+
+    def kill(self):
+        """Ends it without any warning."""
+        if self.running():
+            self.process.kill()
+        self.process.wait()
+
+    def output(self):
+        self.log.flush()
+        return Path(self.log.name).read_text(errors="replace")
+
+    # The panel.
+
+    def hover(self):
+        """Moves the pointer onto the strip, coming from elsewhere."""
+        left, top, width, height = self.wait_for_strip().box()
+        Pointer.move(left + width / 2, top + height + 300)
+        Pointer.move(left + width / 2, top + height / 2)
+
+    def open(self):
+        """Opens the panel by hovering; returns the field that adds tasks."""
+        self.hover()
+        return self.add_field()
+
+    def add_field(self):
+        return self.wait_for("Add something to do…", role="text")
+
+    def click(self, name, role=None, times=1):
+        Pointer.click(*self.wait_for(name, role).centre(), times=times)
+
+    def focus_add_field(self):
+        self.click("Add something to do…", role="text")
+        wait_until(lambda: self.add_field().has("focused"), "the keyboard in the add field")
+
+    def add(self, title):
+        """Types a task into the add field, which must have the keyboard, and waits until it shows."""
+        Keyboard.type(title)
+        Keyboard.press("Return")
+        self.wait_for(f"Complete {title}")
+
+    def choose(self, title, action):
+        """Picks an entry of a task's menu."""
+        self.click(f"Actions for {title}")
+        self.click(action, role="menu item")
+
+    def shown_titles(self):
+        """The titles in the list on show, from top to bottom."""
+        found = []
+        for item in self.items():
+            match = re.match(r"(?:Complete|Reopen) (.*)", item.name)
+            if match and "button" in item.role or match and "check" in item.role:
+                found.append((item.box()[1], match.group(1)))
+        return [title for _, title in sorted(found)]
+
+    def title_point(self, title):
+        """Where a task's title stands: right of its round button."""
+        left, top, width, height = self.wait_for(f"Complete {title}").box()
+        return left + width + 40, top + height / 2
+
+    def drag_before(self, title, target):
+        """Drags a task by its title to the upper edge of another one."""
+        x, y = self.title_point(target)
+        Pointer.drag(self.title_point(title), (x, y - 14))
+
+    def wait_titles(self, *titles):
+        wait_until(lambda: self.shown_titles() == list(titles), f"the list to read {titles}")
+
+    def wait_saved(self):
+        self.wait_for(SAVED)
+
+    def wait_stored(self, *titles):
+        """Waits until the store on disk holds exactly these titles, in this order."""
+        wait_until(lambda: self.home.titles() == list(titles), f"the store to hold {titles}")
+
+    def wait_until_stored(self, condition):
+        """Waits until the stored tasks fulfil `condition`."""
+        wait_until(lambda: condition(self.home.tasks()), "the store to hold the change")
+
+    # The Dashboard.
+
+    def dashboard_shows(self):
+        return self.find("Today", role="button") is not None
+
+    def close_dashboard(self):
+        """Closes the Dashboard as its window's frame does."""
+        self.click("Today", role="button")
+        Keyboard.press("alt+F4")
+        self.wait_gone("Today", role="button")
+
+
+class PlannerTest(unittest.TestCase):
+    """A test with a home of its own; whatever it starts is ended with it, and a failure leaves a picture."""
+
+    def setUp(self):
+        self.home = Home()
+        self.programs = []
+        Pointer.move(SCREEN[0] / 2, SCREEN[1] - 20)
+
+    def start(self, *arguments, home=None, environment=None):
+        """Starts the program and gives it; it is not waited for."""
+        program = Orvane(home or self.home, *arguments, environment=environment)
+        self.programs.append(program)
+        return program
+
+    def started(self, **options):
+        """Starts the program and waits until its strip shows."""
+        program = self.start(**options)
+        program.wait_for_strip()
+        return program
+
+    def restarted(self, program):
+        """Ends the program in an orderly way and starts it again in the same home."""
+        self.assertEqual(0, program.terminate())
+        return self.started(home=program.home)
+
+    def tearDown(self):
+        outcome = self._outcome.result
+        if any(test is self for test, _ in outcome.failures + outcome.errors):
+            print("A picture of the failure is in", self._leave_picture(), file=sys.stderr)
+        for program in self.programs:
+            program.kill()
+        self.home.remove()
+
+    def _leave_picture(self):
+        folder = Path(tempfile.gettempdir()) / "orvane-failures"
+        folder.mkdir(exist_ok=True, parents=True)
+        screenshot(folder / f"{self.id()}.png")
+        report = [program.tree() + "\n\n" + program.output() for program in self.programs]
+        (folder / f"{self.id()}.txt").write_text("\n\n".join(report))
+        return folder
