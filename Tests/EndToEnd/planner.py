@@ -184,8 +184,11 @@ class Orvane(Program):
     def close_dashboard(self):
         """Closes the Dashboard as its window's frame does."""
         self.click("Today", role="button")
-        Keyboard.press("alt+F4")
-        self.wait_gone("Today", role="button")
+
+        def closed():
+            Keyboard.press("alt+F4")
+            return not self.dashboard_shows()
+        wait_until(closed, "the Dashboard to close")
 
 
 class PlannerTest(unittest.TestCase):
@@ -222,7 +225,7 @@ class PlannerTest(unittest.TestCase):
         self.home.remove()
 
     def _leave_picture(self):
-        folder = Path(tempfile.gettempdir()) / "orvane-failures"
+        folder = Path(tempfile.gettempdir()) / f"orvane-failures-{os.geteuid()}"
         folder.mkdir(exist_ok=True, parents=True)
         screenshot(folder / f"{self.id()}.png")
         report = [program.tree() + "\n\n" + program.output() for program in self.programs]

@@ -4,6 +4,8 @@ import os
 import random
 import threading
 
+from gi.repository import GLib
+
 from harness import Keyboard, main
 from planner import SAVED, PlannerTest
 
@@ -39,9 +41,12 @@ class Killed(PlannerTest):
             Keyboard.type(f"{attempt}-{number}")
             Keyboard.press("Return")
             number += 1
-            shown = orvane.shown_titles()
-            if orvane.find(SAVED):
-                reported |= set(shown)
+            try:
+                shown = orvane.shown_titles()
+                if orvane.find(SAVED):
+                    reported |= set(shown)
+            except GLib.Error:
+                continue  # killed while it was being looked at
         return reported
 
 
