@@ -6,14 +6,21 @@
 #include <QStringList>
 #include <QVariantMap>
 
+#include <chrono>
+#include <thread>
+
 namespace orvane {
 namespace {
 
 const auto serviceName = QStringLiteral("app.orvane.Orvane");
 const auto objectPath = QStringLiteral("/app/orvane/Orvane");
 const auto interfaceName = QStringLiteral("org.freedesktop.Application");
-/// How long a start waits for the first one, in milliseconds.
+/// How long a start waits for the first one to answer, in milliseconds.
 constexpr int answerTimeout = 5000;
+/// The first one holds the planner's folder a moment before it has its name: so often and so far apart
+/// is it asked again.
+constexpr int attempts = 20;
+constexpr std::chrono::milliseconds pause{100};
 
 } // namespace
 
@@ -63,7 +70,15 @@ bool SingleInstance::activateOther() {
         QDBusMessage::createMethodCall(serviceName, objectPath, interfaceName, QStringLiteral("Activate"));
     call.setArguments({QVariantMap()});
     call.setAutoStartService(false);
-    return bus.call(call, QDBus::Block, answerTimeout).type() == QDBusMessage::ReplyMessage;
+    for (int attempt = 1;; ++attempt) {
+        const auto reply = bus.call(call, QDBus::Block, answerTimeout);
+        if (reply.type() == QDBusMessage::ReplyMessage) return true;
+        const auto error = reply.errorName();
+        const bool nameless = error == QLatin1String("org.freedesktop.DBus.Error.ServiceUnknown") ||
+                              error == QLatin1String("org.freedesktop.DBus.Error.NameHasNoOwner");
+        if (!nameless || attempt == attempts) return false;
+        std::this_thread::sleep_for(pause);
+    }
 }
 
 } // namespace orvane
