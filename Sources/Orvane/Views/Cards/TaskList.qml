@@ -22,7 +22,7 @@ FocusScope {
     onTasksChanged: {
         root.editingId = "";
         root.movedId = "";
-        list.show(root.tasks);
+        list.showTasks();
     }
 
     function focusRow(row: int, reason: int): void {
@@ -89,9 +89,8 @@ FocusScope {
     }
 
     /// What a key does to the row that has the keyboard; whether it does anything.
-    function rowKey(row: int, taskId: string, item: Item, event: var): bool {
-        const alt = event.modifiers & Qt.AltModifier;
-        const key = event.key;
+    function rowKey(row: int, taskId: string, item: Item, key: int, modifiers: int): bool {
+        const alt = modifiers & Qt.AltModifier;
         if (key === Qt.Key_Up || key === Qt.Key_Down) {
             const step = key === Qt.Key_Up ? -1 : 1;
             if (alt)
@@ -108,7 +107,7 @@ FocusScope {
             root.edit(taskId);
         else if (key === Qt.Key_Delete)
             root.remove(row, taskId);
-        else if (key === Qt.Key_Menu || (key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier))
+        else if (key === Qt.Key_Menu || (key === Qt.Key_F10 && modifiers & Qt.ShiftModifier))
             root.openMenu(taskId, item, true);
         else
             return false;
@@ -121,10 +120,11 @@ FocusScope {
 
         property int hoveredRow: -1
 
-        // Rows kept for reuse would show the other model's values.
-        function show(tasks: Orvane.TaskListModel): void {
+        // Rows kept for reuse would show the other model's values. (The views' compiler fails on a
+        // parameter of one of our types.)
+        function showTasks(): void {
             list.reuseItems = false;
-            list.model = tasks;
+            list.model = root.tasks;
             list.currentIndex = 0;
             list.reuseItems = true;
         }
@@ -132,7 +132,7 @@ FocusScope {
         anchors.fill: parent
         focus: true
         clip: true
-        Component.onCompleted: list.show(root.tasks)
+        Component.onCompleted: list.showTasks()
         cacheBuffer: 120
         boundsBehavior: Flickable.StopAtBounds
         keyNavigationEnabled: false
@@ -190,7 +190,7 @@ FocusScope {
             Keys.onPressed: event => {
                 if (row.editing)
                     return;
-                event.accepted = root.rowKey(row.index, row.taskId, row, event);
+                event.accepted = root.rowKey(row.index, row.taskId, row, event.key, event.modifiers);
             }
         }
 

@@ -3,8 +3,8 @@
 #include <date/date.h>
 
 #include <algorithm>
-#include <array>
 #include <charconv>
+#include <vector>
 
 namespace planner::detail {
 namespace {
@@ -153,25 +153,25 @@ OffsetSpan TimeZoneRule::spanAt(std::int64_t time) const {
     };
     const auto day = date::floor<date::days>(date::sys_seconds{std::chrono::seconds(time)});
     const auto year = int(date::year_month_day(day).year());
-    std::array<Change, 6> changes;
-    std::size_t count = 0;
+    std::vector<Change> changes;
+    changes.reserve(6);
     for (const auto near : {year - 1, year, year + 1}) {
         if (near < int(date::year::min()) || near > int(date::year::max())) continue;
-        changes[count++] = {summer_->begin.in(near)-offset_, true};
-        changes[count++] = {summer_->end.in(near)-summer_->offset, false};
+        changes.push_back({summer_->begin.in(near)-offset_, true});
+        changes.push_back({summer_->end.in(near)-summer_->offset, false});
     }
     // Summer time all the year is written as one that ends in the moment in which the next begins: the
     // beginning has to sort last.
-    std::sort(changes.begin(), changes.begin() + std::ptrdiff_t(count));
+    std::sort(changes.begin(), changes.end());
 
-    OffsetSpan span{.offset = changes[0].summer ? offset_ : summer_->offset};
-    for (std::size_t index = 0; index < count; ++index) {
-        if (changes[index].at > time) {
-            span.end = changes[index].at;
+    OffsetSpan span{.offset = changes.front().summer ? offset_ : summer_->offset};
+    for (const auto& change : changes) {
+        if (change.at > time) {
+            span.end = change.at;
             break;
         }
-        span.begin = changes[index].at;
-        span.offset = changes[index].summer ? summer_->offset : offset_;
+        span.begin = change.at;
+        span.offset = change.summer ? summer_->offset : offset_;
     }
     return span;
 }
