@@ -20,6 +20,7 @@ HERE = Path(__file__).resolve().parent
 SKIPPED = 77
 DEADLINE = 30.0
 SCREEN = (1920, 1080)
+OPENBOX = ("openbox", "--sm-disable")
 
 
 def wait_until(condition, what, deadline=DEADLINE):
@@ -58,7 +59,7 @@ class Desktop:
     """The virtual display, window manager and buses. Its environment is this process's own, so that the
     accessibility client here and every program started later share it."""
 
-    def __init__(self, window_manager=True):
+    def __init__(self, window_manager=OPENBOX):
         self.folder = Path(tempfile.mkdtemp(prefix="orvane-desktop-"))
         atexit.register(self.close)
         self.processes = []
@@ -66,7 +67,7 @@ class Desktop:
         self._start_display()
         self._start_bus()
         if window_manager:
-            self._start(["openbox", "--sm-disable"])
+            self._start(list(window_manager))
             wait_until(self._managed, "the window manager")
 
     def _use_environment(self):
@@ -220,8 +221,9 @@ def as_other_user(reason_to_skip="switching to another user needs root"):
     sys.exit(status)
 
 
-def main(window_manager=True):
-    """Starts the desktop and runs the script's tests; exits with 77 when all of them were skipped."""
+def main(window_manager=OPENBOX):
+    """Starts the desktop, with this command as its window manager or none for None, and runs the script's
+    tests; exits with 77 when all of them were skipped."""
     Desktop(window_manager)
     outcome = unittest.main(exit=False, verbosity=2).result
     for test, reason in outcome.skipped:

@@ -24,6 +24,16 @@ def with_mounts_of_our_own():
     os.execvp(enter[0], [*enter, sys.executable, "-B", *sys.argv])
 
 
+def fill(folder):
+    """Leaves no room on the folder's file system; removing "filler" gives it back."""
+    with open(folder / "filler", "wb", buffering=0) as filler:
+        try:
+            while filler.write(b"x" * 4096):
+                pass
+        except OSError:
+            pass
+
+
 class FullDisk(PlannerTest):
     def setUp(self):
         super().setUp()
@@ -35,16 +45,8 @@ class FullDisk(PlannerTest):
         self.orvane.add("Before")
         self.orvane.wait_saved()
 
-    def fill(self):
-        with open(self.home.data / "filler", "wb", buffering=0) as filler:
-            try:
-                while filler.write(b"x" * 4096):
-                    pass
-            except OSError:
-                pass
-
     def test_the_edit_is_kept_and_saved_once_there_is_room(self):
-        self.fill()
+        fill(self.home.data)
         self.orvane.add("While full")
         self.orvane.wait_for("Not saved")
         self.orvane.wait_for(starting=MESSAGE)
@@ -62,7 +64,7 @@ class FullDisk(PlannerTest):
         self.orvane.wait_stored("Before", "While full")
 
     def test_quitting_asks_before_it_loses_the_edit(self):
-        self.fill()
+        fill(self.home.data)
         self.orvane.add("While full")
         self.orvane.wait_for("Not saved")
         Keyboard.press("ctrl+q")

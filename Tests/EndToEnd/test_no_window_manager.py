@@ -79,4 +79,4 @@ class NoWindowManager(PlannerTest):
 
 
 if __name__ == "__main__":
-    main(window_manager=False)
+    main(window_manager=None)
