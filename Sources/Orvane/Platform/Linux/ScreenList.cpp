@@ -8,12 +8,6 @@
 namespace orvane {
 namespace {
 
-std::uint32_t identifier(const QScreen& screen) {
-    const QStringList reported{screen.manufacturer(), screen.model(), screen.serialNumber()};
-    const bool empty = reported.join(QString()).trimmed().isEmpty();
-    return displayHash(empty ? screen.name() : reported.join(QLatin1Char('\n')));
-}
-
 bool builtIn(const QString& output) {
     for (const auto* kind : {"eDP", "LVDS", "DSI"})
         if (output.startsWith(QLatin1String(kind), Qt::CaseInsensitive)) return true;
@@ -27,7 +21,8 @@ QString title(const QScreen& screen) {
 
 Screen described(const QScreen& screen) {
     Screen result;
-    result.id = identifier(screen);
+    result.id =
+        displayIdentifier(screen.manufacturer(), screen.model(), screen.serialNumber(), screen.name());
     result.name = title(screen);
     result.frame = upwards(screen.geometry());
     result.visible = upwards(screen.availableGeometry());
@@ -73,6 +68,13 @@ std::uint32_t displayHash(const QString& text) {
         hash *= 16777619u;
     }
     return hash == 0 ? 1 : hash;
+}
+
+std::uint32_t displayIdentifier(const QString& maker, const QString& model, const QString& serial,
+                                const QString& output) {
+    const QStringList reported{maker, model, serial};
+    const bool empty = reported.join(QString()).trimmed().isEmpty();
+    return displayHash(empty ? output : reported.join(QLatin1Char('\n')));
 }
 
 } // namespace orvane

@@ -24,4 +24,9 @@ private:
 /// The 32-bit FNV-1a hash of a text's UTF-8 bytes, 1 in place of 0.
 std::uint32_t displayHash(const QString& text);
 
+/// The id of the display at the output named `output`: from what it reports of itself (EDID), so that it
+/// keeps its id at another output; from the output's name where it reports nothing. Never 0.
+std::uint32_t displayIdentifier(const QString& maker, const QString& model, const QString& serial,
+                                const QString& output);
+
 } // namespace orvane

@@ -19,6 +19,21 @@ std::filesystem::path folder() {
     return std::filesystem::path(QFile::encodeName(data).toStdString()) / "Orvane";
 }
 
+/// A planner in use is no failure of the system: its text is for the user, who can end the other program.
+class PlannerInUse : public std::error_category {
+public:
+    const char* name() const noexcept override { return "planner"; }
+    std::string message(int) const override { return "Another program is using this planner"; }
+    std::error_condition default_error_condition(int) const noexcept override {
+        return std::errc::resource_unavailable_try_again;
+    }
+};
+
+[[noreturn]] void failInUse() {
+    static const PlannerInUse category;
+    throw std::system_error(1, category);
+}
+
 [[noreturn]] void fail(int error, const std::string& what) {
     throw std::system_error(error, std::generic_category(), what);
 }
@@ -50,7 +65,7 @@ std::filesystem::path XdgDataFolder::open() {
     if (::flock(lock, LOCK_EX | LOCK_NB) != 0) {
         const auto failure = errno;
         ::close(lock);
-        if (failure == EWOULDBLOCK) fail(EAGAIN, "Another program is using this planner");
+        if (failure == EWOULDBLOCK) failInUse();
         fail(failure, "The folder " + path.string() + " cannot be locked");
     }
     lock_ = lock;

@@ -16,7 +16,8 @@ public:
     XdgDataFolder(const XdgDataFolder&) = delete;
     XdgDataFolder& operator=(const XdgDataFolder&) = delete;
 
-    /// A folder that another program holds is std::errc::resource_unavailable_try_again.
+    /// A folder that another program holds is std::errc::resource_unavailable_try_again, and its code's
+    /// message says so in the user's words.
     std::filesystem::path open() override;
 
 private:
