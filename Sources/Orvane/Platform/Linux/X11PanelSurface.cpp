@@ -11,7 +11,6 @@
 #include <QQuickWindow>
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <cstdlib>
 #include <memory>
@@ -86,8 +85,7 @@ void X11PanelSurface::create() {
     auto format = window_.requestedFormat();
     format.setAlphaBufferSize(8);
     window_.setFormat(format);
-    window_.setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
-                     Qt::WindowDoesNotAcceptFocus);
+    window_.setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
     // The toolkit rewrites the window's type at each later change of its flags: this is where it looks.
     constexpr int dock = 4;
     window_.setProperty("_q_xcb_wm_window_type", dock);
@@ -97,15 +95,33 @@ void X11PanelSurface::create() {
 
 void X11PanelSurface::announceStates() {
     const auto id = xcb_window_t(window_.winId());
-    const std::array<xcb_atom_t, 4> states{
-        x11::atom("_NET_WM_STATE_ABOVE"), x11::atom("_NET_WM_STATE_STICKY"),
-        x11::atom("_NET_WM_STATE_SKIP_TASKBAR"), x11::atom("_NET_WM_STATE_SKIP_PAGER")};
+    std::vector<xcb_atom_t> states{x11::atom("_NET_WM_STATE_STICKY"), x11::atom("_NET_WM_STATE_SKIP_TASKBAR"),
+                                   x11::atom("_NET_WM_STATE_SKIP_PAGER")};
+    above_ = state_.expanded();
+    if (above_) states.push_back(x11::atom("_NET_WM_STATE_ABOVE"));
     const std::uint32_t everyDesktop = 0xffffffff;
     auto* connection = x11::connection();
     xcb_change_property(connection, XCB_PROP_MODE_REPLACE, id, x11::atom("_NET_WM_STATE"), XCB_ATOM_ATOM, 32,
                         std::uint32_t(states.size()), states.data());
     xcb_change_property(connection, XCB_PROP_MODE_REPLACE, id, x11::atom("_NET_WM_DESKTOP"),
                         XCB_ATOM_CARDINAL, 32, 1, &everyDesktop);
+}
+
+void X11PanelSurface::setAbove(bool above) {
+    if (std::exchange(above_, above) == above) return;
+    // A mapped window asks the window manager, as a pager would.
+    constexpr std::uint32_t application = 1;
+    xcb_client_message_event_t request{};
+    request.response_type = XCB_CLIENT_MESSAGE;
+    request.format = 32;
+    request.window = xcb_window_t(window_.winId());
+    request.type = x11::atom("_NET_WM_STATE");
+    request.data.data32[0] = above ? 1 : 0;
+    request.data.data32[1] = x11::atom("_NET_WM_STATE_ABOVE");
+    request.data.data32[3] = application;
+    xcb_send_event(x11::connection(), 0, x11::root(),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                   reinterpret_cast<const char*>(&request));
 }
 
 void X11PanelSurface::show(const planner::Rect& frame) {
@@ -117,6 +133,8 @@ void X11PanelSurface::show(const planner::Rect& frame) {
         readCompositor();
         updateMask();
         window_.show();
+    } else {
+        setAbove(state_.expanded());
     }
     raise();
 }

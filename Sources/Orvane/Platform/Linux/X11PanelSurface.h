@@ -21,9 +21,9 @@ namespace orvane {
 
 class PanelState;
 
-/// The panel under X11: a managed window of the type "dock", above others and on every workspace
-/// (Extended Window Manager Hints), cut to the drawn body (X Shape Extension). It works without a
-/// window manager, too.
+/// The panel under X11: a managed window of the type "dock", on every workspace and while it is open
+/// above all others (Extended Window Manager Hints), cut to the drawn body (X Shape Extension). It works
+/// without a window manager, too.
 class X11PanelSurface : public PanelSurface, private QAbstractNativeEventFilter {
     Q_OBJECT
 
@@ -47,6 +47,7 @@ private:
 
     void create();
     void announceStates();
+    void setAbove(bool above);
     void updateMask();
     void readCompositor();
     void raiseSoon();
@@ -62,6 +63,9 @@ private:
     QRegion shape_;
     QRegion input_;
     bool composited_ = false;
+    /// Whether the window manager keeps the window above all others. Not while it is the strip: some put
+    /// that over a full-screen window, too.
+    bool above_ = false;
     xcb_atom_t clientList_ = 0;
     xcb_atom_t stacking_ = 0;
     xcb_atom_t manager_ = 0;
