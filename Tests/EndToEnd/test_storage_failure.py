@@ -1,5 +1,7 @@
 """A data folder that cannot be written is told, and opening is retried once it has been mended."""
 
+import fcntl
+
 from harness import as_other_user, main
 from planner import PlannerTest
 
@@ -33,6 +35,17 @@ class StorageFailure(PlannerTest):
         self.orvane.focus_add_field()
         self.orvane.add("Mended")
         self.orvane.wait_stored("Mended")
+
+    def test_retrying_while_another_program_has_the_planner_says_so(self):
+        self.orvane.wait_for(RETRY)
+        self.home.data.chmod(0o700)
+        self.home.planner.mkdir(mode=0o700)
+        with open(self.home.planner / ".lock", "wb") as lock:
+            fcntl.flock(lock, fcntl.LOCK_EX)
+            self.orvane.click(RETRY)
+            self.orvane.wait_for(MESSAGE + "Another program is using this planner")
+        self.orvane.click(RETRY)
+        self.orvane.wait_gone(RETRY)
 
     def test_hovering_before_the_planner_is_open_shows_the_dashboard(self):
         self.orvane.wait_for(RETRY)
