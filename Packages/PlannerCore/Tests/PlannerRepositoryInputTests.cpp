@@ -2,6 +2,7 @@
 
 #include <PlannerCore/Detail/Sqlite.h>
 
+#include "ChildProcess.h"
 #include "FaultVfs.h"
 #include "ScratchFolder.h"
 #include "StoredRows.h"
@@ -9,8 +10,6 @@
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 using namespace planner;
 
@@ -255,36 +254,18 @@ TEST(PlannerRepositoryInput, WhatAnotherProgramWroteSinceTheLastSaveIsNoticed) {
     EXPECT_EQ(repository.load(), planner);
 }
 
-namespace {
-
-/// Runs `action` in a process that permission bits bind; its exit status.
-template <class Action>
-int asNobody(Action action) {
-    const pid_t child = fork();
-    if (child == 0) {
-        constexpr uid_t nobody = 65534;
-        if (getuid() == 0 && (setgid(nobody) != 0 || setuid(nobody) != 0)) _exit(99);
-        _exit(action());
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : 98;
-}
-
-} // namespace
-
 TEST(PlannerRepositoryInput, AFolderThatMayNotBeWrittenIsTold) {
     const ScratchFolder folder;
     makeStore(folder, plannerOf(2));
     const auto before = filesIn(folder.path());
     chmod((folder / "Planner.sqlite").c_str(), 0444);
     chmod(folder.path().c_str(), 0555);
-    EXPECT_EQ(asNobody([&] {
-                  const auto told = refusal<StoreError>(folder.path());
-                  if (told.empty()) return 1;
-                  return refusal<StoreError>(folder / "deeper") == "Permission denied" ? 0 : 2;
-              }),
-              0);
+    const auto told = inChildProcess([&]() -> std::string {
+        becomeNobody();
+        if (refusal<StoreError>(folder.path()).empty()) return "opened";
+        return refusal<StoreError>(folder / "deeper");
+    });
+    EXPECT_EQ(told, "Permission denied");
     chmod(folder.path().c_str(), 0700);
     EXPECT_TRUE(filesIn(folder.path()) == before);
 }
@@ -293,6 +274,10 @@ TEST(PlannerRepositoryInput, AFolderThatMayNotBeReadIsTold) {
     const ScratchFolder folder;
     makeStore(folder, plannerOf(2));
     chmod(folder.path().c_str(), 0);
-    EXPECT_EQ(asNobody([&] { return refusal<StoreError>(folder.path()) == "Permission denied" ? 0 : 1; }), 0);
+    const auto told = inChildProcess([&] {
+        becomeNobody();
+        return refusal<StoreError>(folder.path());
+    });
+    EXPECT_EQ(told, "Permission denied");
     chmod(folder.path().c_str(), 0700);
 }
