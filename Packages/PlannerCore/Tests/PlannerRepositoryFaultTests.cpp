@@ -109,7 +109,7 @@ TEST(PlannerRepositoryFaults, WhicheverCallFailsTheStoreIsAsBeforeOrAfterAndWork
     }
     ASSERT_GT(calls, 200u);
     std::size_t failed = 0;
-    const auto step = std::size_t(scaled(1000) == 1000 ? 1 : 7);
+    const auto step = stride(7);
     for (const int code : {SQLITE_FULL, SQLITE_IOERR, SQLITE_CANTOPEN, SQLITE_BUSY, SQLITE_NOMEM})
         for (const bool once : {true, false})
             for (std::size_t call = 0; call < calls; call += step) {
