@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Integrations/ReminderService.h"
 #include "Model/NavigationModel.h"
 #include "Model/PanelState.h"
 #include "Orvane/ModelFixture.h"
@@ -67,6 +68,14 @@ public:
             stage_->house.disk.failWrites(SQLITE_FULL);
         else
             stage_->house.disk.heal();
+    }
+    /// Lets the end of a focus session be announced while notifications are refused, which the reminder
+    /// service takes down as its problem.
+    Q_INVOKABLE void failReminder() {
+        desk().notifications.status = NotificationAuthorization::denied;
+        model()->reminders()->notifyFocusFinished(
+            {planner::Uuid::random(), "", planner::FocusMode::countdown, 60, desk().clock.now()}, [](bool) {});
+        settle();
     }
     Q_INVOKABLE void requestFocus() { model()->requestFocus(); }
     /// The item below `from` of that object name; nothing when there is none.

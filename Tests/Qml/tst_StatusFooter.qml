@@ -80,6 +80,34 @@ TestCase {
         compare(root.item("footerMessage").text, "Task removed.");
     }
 
+    function test_a_problem_with_a_reminder_comes_after_the_models_error(): void {
+        root.start(["One"]);
+        desk.failReminder();
+        const problem = "Notifications are disabled for Orvane.";
+        compare(root.item("footerMessage").text, problem);
+        desk.model.error = "It went wrong.";
+        compare(root.item("footerMessage").text, "It went wrong.");
+        waitForRendering(root.view);
+        mouseClick(root.item("footerButton"));
+        compare(desk.model.error, "");
+        compare(root.item("footerMessage").text, problem);
+        compare(root.item("footerButton").text, "Dismiss");
+        waitForRendering(root.view);
+        mouseClick(root.item("footerButton"));
+        compare(desk.model.reminderError, "");
+        verify(!root.item("footerMessage").visible);
+    }
+
+    function test_a_problem_with_a_reminder_comes_before_the_notice(): void {
+        root.start(["One"]);
+        desk.model.notice = "Something else.";
+        desk.failReminder();
+        compare(root.item("footerMessage").text, "Notifications are disabled for Orvane.");
+        verify(!root.item("footerCross").visible);
+        mouseClick(root.item("footerButton"));
+        compare(root.item("footerMessage").text, "Something else.");
+    }
+
     function test_there_is_no_footer_while_the_planner_is_closed(): void {
         desk.begin([]);
         root.view = createTemporaryObject(kind, root, {

@@ -33,6 +33,8 @@ public:
     NotificationAuthorization status() const { return status_; }
     /// The last problem, as a text for the user.
     const std::optional<QString>& error() const { return error_; }
+    /// The user has read the problem: forgets it.
+    void dismissError() { setError(std::nullopt); }
 
     /// Reads the status; `done` is called afterwards, not when this is gone by then.
     void refresh(std::function<void()> done);

@@ -17,7 +17,9 @@ AppModel::AppModel(Platform& platform, QObject* parent)
       reminders_(std::make_unique<ReminderService>(platform.notifications, platform.clock)),
       updates_(std::make_unique<UpdateService>(platform.information)),
       openTasks_(std::make_unique<TaskListModel>(TaskListModel::Shown::open)),
-      completedTasks_(std::make_unique<TaskListModel>(TaskListModel::Shown::completed)) {}
+      completedTasks_(std::make_unique<TaskListModel>(TaskListModel::Shown::completed)) {
+    connect(reminders_.get(), &ReminderService::errorChanged, this, &AppModel::reminderErrorChanged);
+}
 
 AppModel::~AppModel() = default;
 
@@ -40,6 +42,14 @@ void AppModel::setErrorText(const QString& text) {
 
 void AppModel::setNoticeText(const QString& text) {
     setNotice(text.isEmpty() ? std::nullopt : std::optional(text));
+}
+
+QString AppModel::reminderError() const {
+    return reminders_->error().value_or(QString());
+}
+
+void AppModel::dismissReminderError() {
+    reminders_->dismissError();
 }
 
 void AppModel::requestFocus() {

@@ -39,6 +39,8 @@ class AppModel : public QObject {
     Q_PROPERTY(QString saveState READ saveState NOTIFY saveStateChanged)
     /// Empty when there is none.
     Q_PROPERTY(QString error READ errorText WRITE setErrorText NOTIFY errorChanged)
+    /// The reminder service's own problem, apart from `error`; empty when there is none.
+    Q_PROPERTY(QString reminderError READ reminderError NOTIFY reminderErrorChanged)
     Q_PROPERTY(QString notice READ noticeText WRITE setNoticeText NOTIFY noticeChanged)
     /// Whether the footer offers "Undo" for the last removed task.
     Q_PROPERTY(bool canUndoDelete READ canUndoDelete NOTIFY canUndoDeleteChanged)
@@ -64,6 +66,9 @@ public:
     const std::optional<QString>& notice() const { return notice_; }
     void setError(std::optional<QString> error);
     void setNotice(std::optional<QString> notice);
+    QString reminderError() const;
+    /// The user has read the reminder service's problem.
+    Q_INVOKABLE void dismissReminderError();
     bool canUndoDelete() const { return deleted_.has_value(); }
     int focusRequest() const { return focusRequest_; }
     /// Asks the workspace to put the keyboard into the add field; the window coordinator calls it.
@@ -146,6 +151,7 @@ signals:
     void storageFailedChanged();
     void saveStateChanged();
     void errorChanged();
+    void reminderErrorChanged();
     void noticeChanged();
     void canUndoDeleteChanged();
     void focusRequestChanged();

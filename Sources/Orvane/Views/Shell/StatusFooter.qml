@@ -11,7 +11,9 @@ Item {
     required property Orvane.AppModel model
 
     readonly property bool unsaved: root.model.saveState === qsTr("Not saved")
-    readonly property bool hasError: root.model.error !== ""
+    // The model's own error comes before that of the reminders.
+    readonly property string error: root.model.error !== "" ? root.model.error : root.model.reminderError
+    readonly property bool hasError: root.error !== ""
     // An error set after the removal comes first, so that a failed save never hides behind it.
     readonly property bool offersUndo: !root.hasError && root.model.canUndoDelete && root.model.notice === qsTr("Task removed.")
     readonly property bool hasNotice: !root.hasError && root.model.notice !== ""
@@ -19,6 +21,13 @@ Item {
     function retrySave(): void {
         root.model.error = "";
         root.model.persist();
+    }
+
+    function dismissError(): void {
+        if (root.model.error !== "")
+            root.model.error = "";
+        else
+            root.model.dismissReminderError();
     }
 
     Row {
@@ -45,7 +54,7 @@ Item {
             width: Math.ceil(Math.min(implicitWidth, 720, room))
             visible: root.hasError || root.hasNotice
             kind: Orvane.Type.small
-            text: root.hasError ? root.model.error : root.model.notice
+            text: root.hasError ? root.error : root.model.notice
             color: root.theme.tones.text
             wrapMode: Text.Wrap
             maximumLineCount: 2
@@ -75,7 +84,7 @@ Item {
                 else if (root.unsaved)
                     root.retrySave();
                 else
-                    root.model.error = "";
+                    root.dismissError();
             }
         }
         Orvane.IconButton {
