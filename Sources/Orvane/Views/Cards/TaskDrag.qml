@@ -65,10 +65,24 @@ Item {
             mark.y = Math.round((root.to < root.list.count ? at.y : at.y + at.height) - root.list.contentY) - 1;
     }
 
+    /// Where the row under the pointer is drawn: at the pointer, but clear of the line, so that nothing
+    /// crosses its text.
+    function ghostY(): real {
+        const gap = 4;
+        const under = mark.y + mark.height + gap;
+        const over = mark.y - gap - ghost.height;
+        const follow = Math.max(0, Math.min(root.pointerY - root.grip, root.height - ghost.height));
+        if (follow >= under || follow <= over)
+            return Math.round(follow);
+        const roomUnder = under + ghost.height <= root.height + ghost.height / 2;
+        return root.pointerY >= mark.y && roomUnder || over < 0 ? under : over;
+    }
+
     visible: root.active
 
     Rectangle {
         id: mark
+        objectName: "dragLine"
         z: 1
         width: parent.width
         height: 2
@@ -77,8 +91,9 @@ Item {
     }
     Rectangle {
         id: ghost
+        objectName: "dragRow"
         x: 6
-        y: Math.round(Math.max(-4, Math.min(root.pointerY - root.grip, root.height - ghost.height + 4)))
+        y: root.ghostY()
         width: parent.width
         radius: 10
         color: root.theme.tones.raise
