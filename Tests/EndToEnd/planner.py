@@ -179,11 +179,11 @@ class Orvane(Program):
     # The Dashboard.
 
     def dashboard_shows(self):
-        return self.find("Today", role="button") is not None
+        return self.find("Today", role="page tab") is not None
 
     def close_dashboard(self):
         """Closes the Dashboard as its window's frame does."""
-        self.click("Today", role="button")
+        self.click("Today", role="page tab")
 
         def closed():
             Keyboard.press("alt+F4")

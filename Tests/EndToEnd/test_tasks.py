@@ -29,9 +29,9 @@ class Tasks(PlannerTest):
         self.orvane.wait_titles("Answer Ada")
         self.orvane.wait_for("1 LEFT")
         wait_until(lambda: "completedAt" in self.home.tasks()[0], "the completion to be on disk")
-        self.orvane.click("Completed", role="button")
+        self.orvane.click("Completed", role="page tab")
         self.orvane.click("Reopen Water the ferns")
-        self.orvane.click("To do", role="button")
+        self.orvane.click("To do", role="page tab")
         self.orvane.wait_titles("Water the ferns", "Answer Ada")
         wait_until(lambda: "completedAt" not in self.home.tasks()[0], "the reopening to be on disk")
 

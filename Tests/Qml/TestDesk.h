@@ -74,7 +74,8 @@ public:
     Q_INVOKABLE void failReminder() {
         desk().notifications.status = NotificationAuthorization::denied;
         model()->reminders()->notifyFocusFinished(
-            {planner::Uuid::random(), "", planner::FocusMode::countdown, 60, desk().clock.now()}, [](bool) {});
+            {planner::Uuid::random(), "", planner::FocusMode::countdown, 60, desk().clock.now()},
+            [](bool) {});
         settle();
     }
     Q_INVOKABLE void requestFocus() { model()->requestFocus(); }

@@ -1,10 +1,35 @@
 import QtQuick
 import QtTest
+import Orvane as Orvane
 
 PanelCase {
     id: root
 
     name: "TasksCard"
+
+    function rowsOnShow(): int {
+        return Array.from(root.item("taskRows").contentItem.children).filter(child => child.visible && child.opacity > 0 && child instanceof Orvane.TaskRow).length;
+    }
+
+    function test_a_removed_row_is_gone_for_everybody_data(): var {
+        return [0, 20, 80, 300].map(pause => ({
+                    tag: "undone after " + pause + " ms",
+                    pause
+                }));
+    }
+
+    function test_a_removed_row_is_gone_for_everybody(data: var): void {
+        root.start(["One"]);
+        desk.setReduceMotion(false);
+        for (let i = 0; i < 3; ++i) {
+            desk.model.deleteTask(desk.model.openTasks.idAt(0));
+            wait(data.pause);
+            desk.model.undoDelete();
+            tryVerify(() => root.rowsOnShow() === 1 && root.row(0).opacity === 1, 2000, "one row on show");
+        }
+        desk.model.deleteTask(desk.model.openTasks.idAt(0));
+        tryVerify(() => root.rowsOnShow() === 0);
+    }
 
     function test_typing_and_return_adds_a_task_and_empties_the_field(): void {
         root.start([]);
@@ -38,7 +63,7 @@ PanelCase {
     function test_the_heading_counts_only_open_tasks(): void {
         root.start(["One", "Two"]);
         compare(root.item("tasksCard").detail, "2 LEFT");
-        root.row(0).toggled();
+        root.row(0).toggleRequested();
         compare(root.item("tasksCard").detail, "1 LEFT");
         desk.model.undoDelete();
         compare(root.item("tasksCard").detail, "1 LEFT");

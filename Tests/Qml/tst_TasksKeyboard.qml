@@ -83,7 +83,7 @@ PanelCase {
         compare(root.item("checkButton").Accessible.name, "Complete One");
         compare(root.item("rowMenuButton").Accessible.name, "Actions for One");
         compare(root.item("addTaskEntry").Accessible.name, "Add something to do…");
-        root.row(0).toggled();
+        root.row(0).toggleRequested();
         const tabs = root.item("taskStatus");
         mouseClick(tabs, tabs.width * 0.75, 18);
         tryVerify(() => desk.find(root.row(0), "checkButton").Accessible.name === "Reopen One");

@@ -178,9 +178,18 @@ FocusScope {
                 if (row.active || list.hoveredRow === row.index)
                     list.hoveredRow = row.active ? row.index : -1;
             }
-            ListView.onPooled: if (row.editing) root.editingId = ""
+            // A row kept for reuse is not there for assistive technology either.
+            ListView.onPooled: {
+                row.visible = false;
+                if (row.editing)
+                    root.editingId = "";
+            }
+            ListView.onReused: {
+                row.visible = true;
+                row.opacity = 1;
+            }
 
-            onToggled: root.toggle(row.index, row.taskId, row.visualFocus)
+            onToggleRequested: root.toggle(row.index, row.taskId, row.visualFocus)
             onEditRequested: root.edit(row.taskId)
             onMenuRequested: (anchor, byKeyboard) => root.openMenu(row.taskId, anchor, byKeyboard)
             onDragStarted: y => drag.begin(row.index, row.taskId, row.title, row.height, y)

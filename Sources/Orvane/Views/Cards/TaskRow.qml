@@ -6,7 +6,7 @@ import Orvane as Orvane
 
 /// One line of the tasks card. Shows a task's values and says what the user does with it; the card
 /// turns that into commands.
-T.Control {
+T.ItemDelegate {
     id: root
 
     required property Orvane.Theme theme
@@ -25,7 +25,7 @@ T.Control {
     /// Said in place of the title after a move by keyboard; empty otherwise.
     required property string announcement
 
-    signal toggled
+    signal toggleRequested
     signal editRequested
     signal menuRequested(Item anchor, bool byKeyboard)
     signal dragStarted(real y)
@@ -39,10 +39,11 @@ T.Control {
 
     implicitHeight: Math.max(40, 20 + words.height)
     hoverEnabled: true
+    // A template's own role comes before the one given here, so the template has to be of that role.
     Accessible.role: Accessible.ListItem
     Accessible.name: root.announcement === "" ? root.title : root.announcement
     Accessible.focusable: true
-    Accessible.onPressAction: root.toggled()
+    Accessible.onPressAction: root.toggleRequested()
 
     background: Rectangle {
         radius: 10
@@ -121,7 +122,7 @@ T.Control {
             symbol: root.complete ? "checkmark.circle.fill" : "circle"
             symbolSize: 18
             restColor: root.active ? root.theme.tones.text : root.complete ? root.theme.tones.sage : root.theme.tones.control
-            onClicked: root.toggled()
+            onClicked: root.toggleRequested()
         }
         Orvane.Label {
             id: words

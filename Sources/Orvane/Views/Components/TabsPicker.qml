@@ -1,12 +1,11 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 import Orvane as Orvane
 
 /// Two or more choices side by side with a line under the chosen one. One stop for the Tab key; the
 /// arrow keys choose.
-T.Control {
+FocusScope {
     id: root
 
     required property Orvane.Theme theme
@@ -19,15 +18,20 @@ T.Control {
     signal chosen(int index)
 
     implicitHeight: 36
-    focusPolicy: Qt.TabFocus
     Accessible.role: Accessible.PageTabList
     Accessible.name: root.label
-    Keys.onLeftPressed: root.choose(root.current - 1)
-    Keys.onRightPressed: root.choose(root.current + 1)
+    Keys.onLeftPressed: root.step(-1)
+    Keys.onRightPressed: root.step(1)
 
     function choose(index: int): void {
         if (index !== root.current && index >= 0 && index < root.choices.length)
             root.chosen(index);
+    }
+
+    /// Chooses the neighbour, which takes the keyboard.
+    function step(by: int): void {
+        root.choose(root.current + by);
+        tabs.itemAt(root.current).forceActiveFocus(Qt.TabFocusReason);
     }
 
     Rectangle {
@@ -37,8 +41,9 @@ T.Control {
         color: root.theme.tones.line
     }
     Repeater {
+        id: tabs
         model: root.choices
-        delegate: Orvane.BaseButton {
+        delegate: Orvane.BaseTab {
             id: tab
             required property int index
             required property string modelData
@@ -49,12 +54,11 @@ T.Control {
             x: Math.round(root.width * tab.index / root.choices.length)
             width: Math.round(root.width * (tab.index + 1) / root.choices.length) - tab.x
             height: root.height
-            focusPolicy: Qt.NoFocus
+            selected: tab.isCurrent
+            focus: tab.isCurrent
+            focusPolicy: tab.isCurrent ? Qt.TabFocus : Qt.NoFocus
             ringInside: true
-            ringAlways: tab.isCurrent && root.visualFocus
             corner: 8
-            Accessible.role: Accessible.PageTab
-            Accessible.selected: tab.isCurrent
             onClicked: root.choose(tab.index)
 
             contentItem: Item {

@@ -31,7 +31,7 @@ Rectangle {
         Accessible.name: qsTr("Pages")
         Repeater {
             model: root.pages
-            delegate: Orvane.BaseButton {
+            delegate: Orvane.BaseTab {
                 id: entry
                 required property var modelData
                 readonly property bool isCurrent: entry.modelData.page === root.current
@@ -41,8 +41,7 @@ Rectangle {
                 corner: 10
                 theme: root.theme
                 text: entry.modelData.text
-                Accessible.role: Accessible.PageTab
-                Accessible.selected: entry.isCurrent
+                selected: entry.isCurrent
                 onClicked: root.chosen(entry.modelData.page)
 
                 background: Rectangle {
