@@ -106,6 +106,7 @@ class Accessible(PlannerTest):
         self.orvane.wait_for("Open dashboard").press()
         today = self.orvane.wait_for("Today", role="page tab")
         self.assertTrue(today.has("selected"))
+        self.assertIsNone(self.orvane.find("Maximize"), "the desktop decorates the window")
         self.assert_shown({"Pages": "page tab list", "Make room for today.": "heading",
                            "Task status": "page tab list", "Add something to do…": "text"})
 

@@ -73,6 +73,12 @@ void DashboardWindow::follow() {
     window_->installEventFilter(this);
     connect(window_.get(), &QWindow::activeChanged, this, &DashboardSurface::stateChanged);
     connect(window_.get(), &QWindow::visibilityChanged, this, &DashboardSurface::stateChanged);
+    const auto* view = window_->rootObject();
+    connect(view, SIGNAL(moved(double, double)), this, SLOT(moveBy(double, double)));
+    connect(view, SIGNAL(maximizeRequested()), this, SLOT(toggleMaximized()));
+    connect(view, SIGNAL(closeRequested()), this, SLOT(putAway()));
+    // Where nobody decorates, nobody lists minimised windows: the strip brings it back.
+    connect(view, SIGNAL(minimizeRequested()), this, SLOT(putAway()));
     connect(&parts_.systemEvents, &SystemEvents::reduceMotionChanged, window_.get(), [this] {
         window_->rootObject()->setProperty("reduceMotion", parts_.systemEvents.reduceMotion());
     });
@@ -101,11 +107,30 @@ bool DashboardWindow::isKey() const {
 }
 
 bool DashboardWindow::eventFilter(QObject* watched, QEvent* event) {
-    if (watched != window_.get() || event->type() != QEvent::Close) return false;
+    if (watched != window_.get()) return false;
+    if (event->type() == QEvent::Expose || event->type() == QEvent::Move) tellDecoration();
+    if (event->type() != QEvent::Close) return false;
     // The toolkit would take the window down; the user only puts it away.
     event->ignore();
     hide();
     return true;
+}
+
+void DashboardWindow::tellDecoration() {
+    // Before it is on screen nobody has had the chance to decorate it.
+    if (!window_->isExposed()) return;
+    const bool bare = window_->frameMargins().isNull() && window_->windowStates() == Qt::WindowNoState;
+    window_->rootObject()->setProperty("undecorated", bare);
+}
+
+void DashboardWindow::moveBy(double dx, double dy) {
+    restingFrame_ = {};
+    window_->setPosition(window_->position() + QPointF(dx, dy).toPoint());
+}
+
+void DashboardWindow::toggleMaximized() {
+    const auto back = std::exchange(restingFrame_, restingFrame_.isNull() ? window_->geometry() : QRect());
+    window_->setGeometry(back.isNull() ? window_->screen()->availableGeometry() : back);
 }
 
 QRect DashboardWindow::remembered() const {
@@ -124,7 +149,7 @@ QRect DashboardWindow::remembered() const {
 void DashboardWindow::remember() {
     const bool resting = window_->windowStates() == Qt::WindowNoState;
     if (!resting) return;
-    const auto frame = window_->geometry();
+    const auto frame = restingFrame_.isNull() ? window_->geometry() : restingFrame_;
     const auto text =
         QStringLiteral("%1 %2 %3 %4").arg(frame.x()).arg(frame.y()).arg(frame.width()).arg(frame.height());
     parts_.defaults.setData(frameKey, text.toUtf8());

@@ -42,15 +42,23 @@ public:
     bool visible() const override;
     bool isKey() const override;
 
+private slots:
+    void moveBy(double dx, double dy);
+    void toggleMaximized();
+    void putAway() { hide(); }
+
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void make(std::optional<planner::Rect> visible);
     void follow();
     QRect remembered() const;
     void remember();
+    void tellDecoration();
 
     Parts parts_;
     std::unique_ptr<QQuickView> window_;
+    /// The frame to go back to while the window, decorated by nobody, fills its screen.
+    QRect restingFrame_;
 };
 
 /// `frame` no larger than `room` and moved into it. Pure.

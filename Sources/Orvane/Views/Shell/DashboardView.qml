@@ -11,6 +11,14 @@ FocusScope {
     required property Orvane.NavigationModel navigation
     /// Whether the desktop asks for fewer animations.
     property bool reduceMotion: false
+    /// Whether the desktop leaves the window without a title bar; the window says so.
+    property bool undecorated: false
+
+    /// Asked for in the window's own band: there is none while the desktop decorates the window.
+    signal moved(real dx, real dy)
+    signal minimizeRequested
+    signal maximizeRequested
+    signal closeRequested
 
     readonly property Orvane.Tones tones: root.model.settings.dark ? Orvane.Palette.darkDashboard : Orvane.Palette.lightDashboard
     /// The pages there are, in the sidebar's order.
@@ -69,6 +77,16 @@ FocusScope {
                 });
             }
         }
+    }
+    Orvane.WindowBand {
+        objectName: "windowBand"
+        width: parent.width
+        visible: root.undecorated
+        theme: shared
+        onMoved: (dx, dy) => root.moved(dx, dy)
+        onMinimizeRequested: root.minimizeRequested()
+        onMaximizeRequested: root.maximizeRequested()
+        onCloseRequested: root.closeRequested()
     }
     Orvane.PopoverLayer {
         id: layer
