@@ -6,7 +6,7 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
-from harness import wait_until  # noqa: E402
+from harness import DEADLINE, wait_until  # noqa: E402
 
 
 class Item:
@@ -91,7 +91,7 @@ class Program:
             return item
         return None
 
-    def wait_for(self, name=None, role=None, starting=None):
+    def wait_for(self, name=None, role=None, starting=None, deadline=DEADLINE):
         """Waits until such an item shows and stands still, and returns it."""
         def found_at_rest():
             item = self.find(name, role, starting)
@@ -100,7 +100,7 @@ class Program:
             before = item.box()
             again = self.find(name, role, starting)
             return again if again is not None and again.box() == before and before[2] > 0 else None
-        return wait_until(found_at_rest, f"{role or 'item'} {name or starting!r}")
+        return wait_until(found_at_rest, f"{role or 'item'} {name or starting!r}", deadline)
 
     def wait_gone(self, name=None, role=None, starting=None):
         wait_until(lambda: self.find(name, role, starting) is None, f"{name or starting!r} to go away")

@@ -118,12 +118,19 @@ class Orvane(Program):
         Pointer.move(left + width / 2, top + height / 2)
 
     def open(self):
-        """Opens the panel by hovering; returns the field that adds tasks."""
+        """Opens the panel by hovering; returns the field that adds tasks. On a busy machine the strip
+        may still be on its way to its place when the pointer comes: then it comes again."""
+        for _ in range(3):
+            self.hover()
+            try:
+                return self.add_field(deadline=8)
+            except AssertionError:
+                continue
         self.hover()
         return self.add_field()
 
-    def add_field(self):
-        return self.wait_for("Add something to do…", role="text")
+    def add_field(self, **options):
+        return self.wait_for("Add something to do…", role="text", **options)
 
     def click(self, name, role=None, times=1):
         Pointer.click(*self.wait_for(name, role).centre(), times=times)

@@ -205,28 +205,16 @@ FocusScope {
 
         add: Transition {
             enabled: !root.theme.reduceMotion
-            Orvane.RowMotion {
-                property: "opacity"
-                from: 0
-                to: 1
-            }
+            Orvane.RowMotion { property: "opacity"; from: 0; to: 1 }
         }
         remove: Transition {
             enabled: !root.theme.reduceMotion
-            Orvane.RowMotion {
-                property: "opacity"
-                to: 0
-            }
+            Orvane.RowMotion { property: "opacity"; to: 0 }
         }
         displaced: Transition {
             enabled: !root.theme.reduceMotion
-            Orvane.RowMotion {
-                property: "y"
-            }
-            Orvane.RowMotion {
-                property: "opacity"
-                to: 1
-            }
+            Orvane.RowMotion { property: "y" }
+            Orvane.RowMotion { property: "opacity"; to: 1 }
         }
         move: displaced
     }
