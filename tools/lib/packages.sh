@@ -23,7 +23,7 @@ drive_packages=(
 
 test_packages=(
     libgtest-dev librapidcheck-dev libbenchmark-dev qml6-module-qttest
-    xterm sqlite3 util-linux procps clang-format
+    xterm xfwm4 sqlite3 util-linux procps clang-format
 )
 
 sanitizer_packages=(clang-19 libclang-rt-19-dev)
