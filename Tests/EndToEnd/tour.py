@@ -6,6 +6,7 @@ checks that it had its effect, and leaves a picture of each.
 Ends with 0, or with 1 naming the step that failed."""
 
 import os
+import subprocess
 import sys
 from pathlib import Path
 
@@ -122,6 +123,8 @@ def main(program, folder):
         old.unlink()
 
     Desktop()
+    # On a bare black screen a black strip could not be told from its surroundings.
+    subprocess.run(["xsetroot", "-solid", "#b8c3b1"], check=True)
     home = Home()
     tour = Tour(home, pictures)
     try:
