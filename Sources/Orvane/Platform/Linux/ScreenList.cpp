@@ -19,6 +19,11 @@ QString title(const QScreen& screen) {
     return reported.isEmpty() ? screen.name() : reported;
 }
 
+/// The application object cannot be asked: here `qApp` already takes it for a graphical one.
+bool hasWindowSystem() {
+    return !QGuiApplication::platformName().isEmpty();
+}
+
 Screen described(const QScreen& screen) {
     Screen result;
     result.id =
@@ -34,7 +39,7 @@ Screen described(const QScreen& screen) {
 } // namespace
 
 ScreenList::ScreenList(QObject* parent) : Screens(parent) {
-    if (!qobject_cast<QGuiApplication*>(qApp)) return;
+    if (!hasWindowSystem()) return;
     for (auto* screen : QGuiApplication::screens()) follow(screen);
     connect(qGuiApp, &QGuiApplication::screenAdded, this, [this](QScreen* screen) {
         follow(screen);
@@ -52,7 +57,7 @@ void ScreenList::follow(QScreen* screen) {
 
 QList<Screen> ScreenList::list() const {
     QList<Screen> result;
-    if (!qobject_cast<QGuiApplication*>(qApp)) return result;
+    if (!hasWindowSystem()) return result;
     const auto screens = QGuiApplication::screens();
     for (const auto* screen : screens)
         // The window system stands in with a nameless screen while no display is connected.
