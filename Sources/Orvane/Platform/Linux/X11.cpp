@@ -17,7 +17,7 @@ std::unique_ptr<T, decltype(&std::free)> owned(T* reply) {
 } // namespace
 
 xcb_connection_t* connection() {
-    if (!qobject_cast<QGuiApplication*>(qApp)) return nullptr;
+    if (QGuiApplication::platformName() != QLatin1String("xcb")) return nullptr;
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     return x11 ? x11->connection() : nullptr;
 }
