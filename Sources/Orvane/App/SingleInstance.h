@@ -5,7 +5,7 @@
 namespace orvane {
 
 /// The running program as others find it on the session bus, "app.orvane.Orvane", with the interface
-/// org.freedesktop.Application (Desktop Entry Specification, D-Bus activation). Main thread.
+/// org.freedesktop.Application (freedesktop.org desktop entries, D-Bus activation). Main thread.
 class SingleInstance : public QObject {
     Q_OBJECT
 

@@ -4,7 +4,7 @@
 
 namespace orvane {
 
-/// The session's autostart folder (Desktop Application Autostart Specification): the program's
+/// The session's autostart folder (freedesktop.org desktop application autostart): the program's
 /// desktop entry under $XDG_CONFIG_HOME/autostart. Only an installed program can be registered.
 class AutostartLoginItem : public LoginItem {
 public:

@@ -6,7 +6,7 @@
 
 namespace orvane {
 
-/// "Orvane" under $XDG_DATA_HOME (XDG Base Directory Specification; ~/.local/share without it),
+/// "Orvane" under $XDG_DATA_HOME (freedesktop.org base directories; ~/.local/share without it),
 /// readable by its owner alone, held through flock(2) on the file ".lock" in it.
 class XdgDataFolder : public DataFolder {
 public:
