@@ -13,7 +13,7 @@ from pathlib import Path
 from harness import Desktop, Keyboard, screenshot_at_rest
 from planner import Home, Orvane
 
-TASKS = ("Water the ferns", "Answer Ada’s letter", "Plan the trip to the coast")
+TASKS = ("Water the ferns", "Answer the letter from Ada", "Plan the trip to the coast")
 
 
 class Tour:
