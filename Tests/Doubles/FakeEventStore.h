@@ -20,6 +20,9 @@ public:
     };
 
     CalendarAuthorization authorization() const override { return status; }
+    void requestFullAccess(std::function<void(std::optional<QString>)> answer) override {
+        requests.push_back(std::move(answer));
+    }
     void events(planner::Instant start, planner::Instant end,
                 std::function<void(CalendarEvents)> answer) override {
         if (status != CalendarAuthorization::fullAccess) qFatal("the events were read without access");
@@ -28,6 +31,8 @@ public:
 
     CalendarAuthorization status = CalendarAuthorization::notDetermined;
     std::deque<Question> questions;
+    /// The requests for access that wait for their answer.
+    std::deque<std::function<void(std::optional<QString>)>> requests;
 };
 
 } // namespace orvane::test

@@ -10,6 +10,14 @@ void FakeNotificationCenter::authorization(std::function<void(NotificationAuthor
     answers_.push_back([this, answer = std::move(answer)] { answer(status); });
 }
 
+void FakeNotificationCenter::requestAuthorization(std::function<void()> answer) {
+    calls.append(QStringLiteral("request"));
+    answers_.push_back([this, answer = std::move(answer)] {
+        if (status == NotificationAuthorization::notDetermined) status = decision;
+        answer();
+    });
+}
+
 void FakeNotificationCenter::pendingRequests(std::function<void(QList<NotificationRequest>)> answer) {
     calls.append(QStringLiteral("pendingRequests"));
     answers_.push_back([this, answer = std::move(answer)] { answer(pending); });

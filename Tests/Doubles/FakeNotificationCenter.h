@@ -17,6 +17,7 @@ namespace orvane::test {
 class FakeNotificationCenter : public NotificationCenter {
 public:
     void authorization(std::function<void(NotificationAuthorization)> answer) override;
+    void requestAuthorization(std::function<void()> answer) override;
     void pendingRequests(std::function<void(QList<NotificationRequest>)> answer) override;
     void removePending(const QStringList& identifiers) override;
     void add(const NotificationRequest& request, std::function<void(std::optional<QString>)> answer) override;
@@ -35,6 +36,8 @@ public:
     QStringList pendingIdentifiers() const;
     const NotificationRequest* pendingRequest(const QString& identifier) const;
 
+    /// What the user answers when asked; asked twice, the first answer stands.
+    NotificationAuthorization decision = NotificationAuthorization::authorized;
     NotificationAuthorization status = NotificationAuthorization::authorized;
     QList<NotificationRequest> pending;
     /// Requests that were shown at once, having no time of their own.
@@ -42,7 +45,8 @@ public:
     /// The text with which a request of this identifier is refused.
     QHash<QString, QString> refusals;
 
-    // What was called, in words: "authorization", "pendingRequests", "remove task-…", "add task-…".
+    // What was called, in words: "authorization", "request", "pendingRequests", "remove task-…", "add
+    // task-…".
     QStringList calls;
 
 private:

@@ -6,13 +6,29 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace orvane {
 
 CalendarService::CalendarService(EventStore& store, const Clock& clock, QObject* parent)
     : QObject(parent), store_(store), clock_(clock), status_(store.authorization()) {
-    connect(&store_, &EventStore::changed, this, &CalendarService::refresh);
+    QObject::connect(&store_, &EventStore::changed, this, &CalendarService::refresh);
+}
+
+void CalendarService::connect(std::function<void()> done) {
+    store_.requestFullAccess([self = QPointer<CalendarService>(this),
+                              done = std::move(done)](const std::optional<QString>& failure) {
+        if (!self) return;
+        if (failure) {
+            self->error_ = failure;
+            self->status_ = self->store_.authorization();
+            emit self->changed();
+        } else {
+            self->refresh();
+        }
+        done();
+    });
 }
 
 void CalendarService::refresh() {

@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 
 namespace orvane {
@@ -44,6 +45,10 @@ public:
     bool loading() const { return loading_; }
     /// Why the last refresh listed nothing; absent when it did not fail.
     const std::optional<QString>& error() const { return error_; }
+
+    /// Asks the user for full access and refreshes with what was decided; a question that cannot be asked
+    /// sets `error`. `done` is called afterwards, not when this is gone by then.
+    void connect(std::function<void()> done);
 
     /// Reads the authorization and, with full access, today's events. Of several refreshes under way
     /// only the newest changes anything.

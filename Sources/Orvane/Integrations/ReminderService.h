@@ -31,6 +31,8 @@ public:
 
     /// As the last `refresh` found it.
     NotificationAuthorization status() const { return status_; }
+    /// Whether `status` lets notifications be shown.
+    bool mayDeliver() const;
     /// The last problem, as a text for the user.
     const std::optional<QString>& error() const { return error_; }
     /// The user has read the problem: forgets it.
@@ -62,7 +64,6 @@ signals:
 private:
     struct Reconciliation;
 
-    bool mayDeliver() const;
     void startNext();
     void choose(const std::shared_ptr<Reconciliation>& job);
     void compare(const std::shared_ptr<Reconciliation>& job, const QList<NotificationRequest>& pending);

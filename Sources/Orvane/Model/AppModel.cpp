@@ -3,7 +3,10 @@
 #include "Integrations/CalendarService.h"
 #include "Integrations/ReminderService.h"
 #include "Integrations/UpdateService.h"
+#include "Platform/Clock.h"
 #include "Platform/Platform.h"
+
+#include <PlannerCore/PlannerDates.h>
 
 #include <utility>
 
@@ -11,6 +14,7 @@ namespace orvane {
 
 AppModel::AppModel(Platform& platform, QObject* parent)
     : QObject(parent), platform_(platform), saveState_(tr("Opening your planner…")),
+      noteDate_(platform.clock.now()), today_(planner::dates::dayID(noteDate_, platform.clock.calendar())),
       settings_(std::make_unique<SettingsModel>(platform)),
       focus_(std::make_unique<FocusController>(platform.clock)),
       calendar_(std::make_unique<CalendarService>(platform.events, platform.clock)),
@@ -59,6 +63,10 @@ void AppModel::requestFocus() {
 
 void AppModel::requestDashboard() const {
     if (openDashboard) openDashboard();
+}
+
+void AppModel::requestSettings() const {
+    if (openSettings) openSettings();
 }
 
 void AppModel::requestDismissal() const {

@@ -8,6 +8,7 @@
 #include <PlannerCore/PlannerRepository.h>
 #include <PlannerCore/PlannerSnapshot.h>
 
+#include <QDate>
 #include <QDateTime>
 #include <QObject>
 #include <QString>
@@ -46,6 +47,13 @@ class AppModel : public QObject {
     Q_PROPERTY(bool canUndoDelete READ canUndoDelete NOTIFY canUndoDeleteChanged)
     /// Rises each time the workspace is asked to put the keyboard into the add field.
     Q_PROPERTY(int focusRequest READ focusRequest NOTIFY focusRequestChanged)
+    /// The key of the day whose note is being edited, "2026-03-07".
+    Q_PROPERTY(QString noteDay READ noteDay NOTIFY noteDayChanged)
+    Q_PROPERTY(QDate noteDate READ noteCalendarDate NOTIFY noteDayChanged)
+    /// Whether the note's editor has the keyboard; the card says so. Such a note keeps its day at midnight.
+    Q_PROPERTY(bool editingNote READ editingNote WRITE setEditingNote NOTIFY editingNoteChanged)
+    /// Whether a session is about to start and waits for the answer about notifications.
+    Q_PROPERTY(bool startingFocus READ startingFocus NOTIFY startingFocusChanged)
     Q_PROPERTY(orvane::SettingsModel* settings READ settings CONSTANT)
     Q_PROPERTY(orvane::FocusController* focus READ focus CONSTANT)
     Q_PROPERTY(orvane::TaskListModel* openTasks READ openTasks CONSTANT)
@@ -129,6 +137,43 @@ public:
     Q_INVOKABLE void moveTaskBefore(const QString& taskId, const QString& targetId);
     Q_INVOKABLE void moveTaskBy(const QString& taskId, int offset);
 
+    // Daily notes.
+
+    planner::Instant noteDate() const { return noteDate_; }
+    QString noteDay() const;
+    QDate noteCalendarDate() const;
+    /// The text of the note being edited; empty when the day has none. Costs a copy of the text.
+    Q_INVOKABLE QString noteText() const;
+    /// Replaces the text of that note in memory and saves it once nothing has been typed for 0.4 seconds.
+    /// A text of more than 5,000,000 bytes of UTF-8 sets `error` and changes nothing.
+    Q_INVOKABLE void updateNote(const QString& text);
+    /// Saves what was typed and shows the note of the day that contains `date`.
+    void selectNoteDay(planner::Instant date);
+    /// As `selectNoteDay` with the day `days` after (before, when negative) the present one.
+    Q_INVOKABLE void selectNoteDayBy(int days);
+    bool editingNote() const { return editingNote_; }
+    void setEditingNote(bool editing);
+
+    // Focus.
+
+    /// Starts a session on an open task. A countdown first asks for notifications where that has not been
+    /// decided; without them it starts all the same, with a notice. Nothing while another start waits.
+    void beginFocus(const planner::PlannerTask& task, planner::FocusMode mode, std::int64_t minutes);
+    /// The same for views; `mode` is "countdown" or "stopwatch", an unknown word or task does nothing.
+    Q_INVOKABLE void beginFocusOn(const QString& taskId, const QString& mode, int minutes);
+    bool startingFocus() const { return startingFocus_; }
+
+    // Integrations.
+
+    /// Asks for access to the calendars, with the panel out of the way meanwhile.
+    Q_INVOKABLE void connectCalendar();
+    /// Asks for notifications, then schedules the reminders of the stored tasks.
+    Q_INVOKABLE void enableReminders();
+
+    /// Midnight passed, the machine woke or the time zone changed: the note of what was today becomes that
+    /// of the new today, unless it is being edited.
+    void followToday();
+
     // Panel commands: callbacks that the window coordinator sets; calling an unset one does nothing.
 
     std::function<void()> openDashboard;
@@ -137,6 +182,7 @@ public:
     std::function<void()> suppressPanel;
     std::function<void()> restorePanel;
     Q_INVOKABLE void requestDashboard() const;
+    Q_INVOKABLE void requestSettings() const;
     Q_INVOKABLE void requestDismissal() const;
 
     QString errorText() const { return error_.value_or(QString()); }
@@ -156,6 +202,15 @@ signals:
     void canUndoDeleteChanged();
     void focusRequestChanged();
     void snapshotChanged();
+    /// Another day's note is being edited.
+    void noteDayChanged();
+    /// The note being edited has another text than its editor gave: the planner was replaced, or a text was
+    /// refused.
+    void noteReplaced();
+    void editingNoteChanged();
+    void startingFocusChanged();
+    /// Today is another day than before.
+    void todayChanged();
 
 private:
     struct Opening;
@@ -171,6 +226,11 @@ private:
     void resumeUnfinishedSession();
     void record(const planner::FocusSession& session);
     void announceTimeUp(const planner::FocusSession& session);
+    std::size_t notePosition(const std::string& day) const;
+    std::string dayKey(planner::Instant instant) const;
+    void setStartingFocus(bool starting);
+    void askForNotifications(std::function<void()> done);
+    void startFocus(const planner::Uuid& taskId, planner::FocusMode mode, std::int64_t minutes);
     bool focusIsOn(const planner::Uuid& taskId) const;
     void moveTask(const planner::Uuid& moved, const std::optional<planner::Uuid>& before);
     std::optional<planner::PlannerTask> taskNamed(const QString& taskId);
@@ -191,6 +251,13 @@ private:
     std::optional<QString> error_;
     std::optional<QString> notice_;
     int focusRequest_ = 0;
+    planner::Instant noteDate_;
+    /// What today was when last looked at.
+    std::string today_;
+    /// The note's save that waits for a pause in typing.
+    std::unique_ptr<Timer> noteSave_;
+    bool editingNote_ = false;
+    bool startingFocus_ = false;
     std::unique_ptr<SettingsModel> settings_;
     std::unique_ptr<FocusController> focus_;
     std::unique_ptr<CalendarService> calendar_;

@@ -94,6 +94,7 @@ void AppModel::settle(const SaveJob& job) {
 }
 
 void AppModel::flush(std::function<void(bool)> done) {
+    noteSave_.reset();
     persist();
     if (!saving_) return done(lastSavedRevision_ == revision_);
     saving_->whenFinished([self = QPointer(this), done = std::move(done)] {

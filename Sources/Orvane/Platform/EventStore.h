@@ -50,6 +50,10 @@ public:
     /// Whether events may be read; asks the user for nothing.
     virtual CalendarAuthorization authorization() const = 0;
 
+    /// Asks the user for full access. The answer comes later: the failure's text, or nothing when the user
+    /// could be asked, whatever was decided.
+    virtual void requestFullAccess(std::function<void(std::optional<QString>)> answer) = 0;
+
     /// Reads the events of all calendars that fall between `start` and `end`. Asked only while
     /// `authorization` is full access. The answer comes later, never inside the call.
     virtual void events(planner::Instant start, planner::Instant end,

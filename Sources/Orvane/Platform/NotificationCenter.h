@@ -36,6 +36,9 @@ public:
 
     /// Reads whether notifications may be shown; asks the user for nothing.
     virtual void authorization(std::function<void(NotificationAuthorization)> answer) = 0;
+    /// Asks the user for leave to show notifications where that has not been decided; the answer comes when
+    /// it is, and `authorization` then knows it.
+    virtual void requestAuthorization(std::function<void()> answer) = 0;
     /// The requests that are still to be shown.
     virtual void pendingRequests(std::function<void(QList<NotificationRequest>)> answer) = 0;
     /// Drops pending requests; unknown identifiers are ignored.

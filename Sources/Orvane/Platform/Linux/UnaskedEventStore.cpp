@@ -6,6 +6,11 @@
 
 namespace orvane {
 
+void UnaskedEventStore::requestFullAccess(std::function<void(std::optional<QString>)> answer) {
+    QMetaObject::invokeMethod(
+        this, [answer = std::move(answer)] { answer(std::nullopt); }, Qt::QueuedConnection);
+}
+
 void UnaskedEventStore::events(planner::Instant, planner::Instant,
                                std::function<void(CalendarEvents)> answer) {
     QMetaObject::invokeMethod(

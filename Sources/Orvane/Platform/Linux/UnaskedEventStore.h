@@ -12,6 +12,7 @@ public:
     using EventStore::EventStore;
 
     CalendarAuthorization authorization() const override { return CalendarAuthorization::notDetermined; }
+    void requestFullAccess(std::function<void(std::optional<QString>)> answer) override;
     void events(planner::Instant start, planner::Instant end,
                 std::function<void(CalendarEvents)> answer) override;
 };

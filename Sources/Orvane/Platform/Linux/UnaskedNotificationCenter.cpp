@@ -13,6 +13,10 @@ void UnaskedNotificationCenter::authorization(std::function<void(NotificationAut
         Qt::QueuedConnection);
 }
 
+void UnaskedNotificationCenter::requestAuthorization(std::function<void()> answer) {
+    QMetaObject::invokeMethod(&home_, std::move(answer), Qt::QueuedConnection);
+}
+
 void UnaskedNotificationCenter::pendingRequests(std::function<void(QList<NotificationRequest>)> answer) {
     QMetaObject::invokeMethod(
         &home_, [answer = std::move(answer)] { answer({}); }, Qt::QueuedConnection);

@@ -11,6 +11,7 @@ namespace orvane {
 class UnaskedNotificationCenter : public NotificationCenter {
 public:
     void authorization(std::function<void(NotificationAuthorization)> answer) override;
+    void requestAuthorization(std::function<void()> answer) override;
     void pendingRequests(std::function<void(QList<NotificationRequest>)> answer) override;
     void removePending(const QStringList& identifiers) override;
     void add(const NotificationRequest& request, std::function<void(std::optional<QString>)> answer) override;

@@ -1,0 +1,98 @@
+#include "Model/AppModel.h"
+
+#include "Platform/Clock.h"
+#include "Platform/Platform.h"
+
+#include <PlannerCore/PlannerDates.h>
+
+#include <utility>
+
+namespace orvane {
+
+using planner::DailyNote;
+using planner::Instant;
+
+namespace {
+
+/// Seconds without a key after which a note is saved.
+constexpr double typingPause = 0.4;
+
+} // namespace
+
+std::string AppModel::dayKey(Instant instant) const {
+    return planner::dates::dayID(instant, platform_.clock.calendar());
+}
+
+std::size_t AppModel::notePosition(const std::string& day) const {
+    // From the end: the note being written is nearly always among the youngest.
+    const auto& notes = snapshot_.notes;
+    for (auto index = notes.size(); index > 0; --index)
+        if (notes[index - 1].id == day) return index - 1;
+    return notes.size();
+}
+
+QString AppModel::noteDay() const {
+    return QString::fromStdString(dayKey(noteDate_));
+}
+
+QDate AppModel::noteCalendarDate() const {
+    const auto day = platform_.clock.calendar().day(noteDate_);
+    return day ? QDate(day->year, int(day->month), int(day->day)) : QDate();
+}
+
+QString AppModel::noteText() const {
+    const auto position = notePosition(dayKey(noteDate_));
+    return position < snapshot_.notes.size() ? QString::fromStdString(snapshot_.notes[position].text)
+                                             : QString();
+}
+
+void AppModel::updateNote(const QString& text) {
+    if (!editable()) return;
+    auto bytes = text.toStdString();
+    if (bytes.size() > planner::maximumNoteBytes) {
+        setError(tr("This note exceeds the 5 MB limit. The last saved text has been kept."));
+        emit noteReplaced();
+        return;
+    }
+    DailyNote note(dayKey(noteDate_), std::move(bytes), platform_.clock.now());
+    const auto position = notePosition(note.id);
+    if (position < snapshot_.notes.size())
+        snapshot_.notes.replace(position, std::move(note));
+    else
+        snapshot_.notes.push_back(std::move(note));
+    emit snapshotChanged();
+    setSaveState(tr("Saving…"));
+    noteSave_ = platform_.clock.after(typingPause, [this] {
+        // The timer is the handle of the pending save, which ends here.
+        const auto finished = std::move(noteSave_);
+        persist();
+    });
+}
+
+void AppModel::selectNoteDay(Instant date) {
+    noteSave_.reset();
+    persist();
+    const auto before = noteDay();
+    noteDate_ = date;
+    if (noteDay() != before) emit noteDayChanged();
+}
+
+void AppModel::selectNoteDayBy(int days) {
+    if (const auto date = platform_.clock.calendar().startOfDay(noteDate_, days)) selectNoteDay(*date);
+}
+
+void AppModel::setEditingNote(bool editing) {
+    if (editing == editingNote_) return;
+    editingNote_ = editing;
+    emit editingNoteChanged();
+}
+
+void AppModel::followToday() {
+    const auto now = platform_.clock.now();
+    const auto before = std::exchange(today_, dayKey(now));
+    if (before == today_) return;
+    if (dayKey(noteDate_) == before && !editingNote_ && !noteSave_) selectNoteDay(now);
+    emit todayChanged();
+}
+
+} // namespace orvane
