@@ -182,6 +182,49 @@ private slots:
         house.answer(0, {{house.event("late", hour, 60)}, {}});
         QVERIFY(house.store.questions.empty());
     }
+
+    void connectingAsksOnceAndReadsWhatWasDecided() {
+        House house(CalendarAuthorization::notDetermined);
+        int done = 0;
+        house.service->connect([&] { ++done; });
+        QCOMPARE(house.store.requests.size(), std::size_t(1));
+        QCOMPARE(done, 0);
+        house.store.status = CalendarAuthorization::fullAccess;
+        house.store.requests.front()(std::nullopt);
+        QCOMPARE(done, 1);
+        QCOMPARE(house.service->status(), CalendarAuthorization::fullAccess);
+        QCOMPARE(house.store.questions.size(), std::size_t(1));
+    }
+
+    void aRefusalIsNoFailure() {
+        House house(CalendarAuthorization::notDetermined);
+        house.service->connect([] {});
+        house.store.status = CalendarAuthorization::denied;
+        house.store.requests.front()(std::nullopt);
+        QCOMPARE(house.service->status(), CalendarAuthorization::denied);
+        QCOMPARE(house.service->error(), std::nullopt);
+    }
+
+    void aQuestionThatCannotBeAskedIsSaid() {
+        House house(CalendarAuthorization::notDetermined);
+        int done = 0;
+        house.service->connect([&] { ++done; });
+        house.store.status = CalendarAuthorization::restricted;
+        house.store.requests.front()(QStringLiteral("No calendar answers."));
+        QCOMPARE(done, 1);
+        QCOMPARE(house.service->error(), std::optional(QStringLiteral("No calendar answers.")));
+        QCOMPARE(house.service->status(), CalendarAuthorization::restricted);
+        QVERIFY(house.store.questions.empty());
+    }
+
+    void anAnswerAboutAccessForAServiceThatIsGoneIsDropped() {
+        House house(CalendarAuthorization::notDetermined);
+        int done = 0;
+        house.service->connect([&] { ++done; });
+        house.service.reset();
+        house.store.requests.front()(std::nullopt);
+        QCOMPARE(done, 0);
+    }
 };
 
 QTEST_GUILESS_MAIN(CalendarServiceTests)

@@ -3,12 +3,12 @@
 #include "Platform/Linux/AutostartLoginItem.h"
 #include "Platform/Linux/BuildInformation.h"
 #include "Platform/Linux/DesktopEvents.h"
+#include "Platform/Linux/FreedesktopNotificationCenter.h"
 #include "Platform/Linux/JournalLog.h"
 #include "Platform/Linux/ScreenList.h"
 #include "Platform/Linux/SettingsUserDefaults.h"
 #include "Platform/Linux/SystemClock.h"
 #include "Platform/Linux/UnaskedEventStore.h"
-#include "Platform/Linux/UnaskedNotificationCenter.h"
 #include "Platform/Linux/WorkerExecutor.h"
 #include "Platform/Linux/X11HotKeyRegistrar.h"
 #include "Platform/Linux/XdgDataFolder.h"
@@ -24,7 +24,7 @@ struct LinuxPlatform {
     XdgDataFolder dataFolder;
     SettingsUserDefaults defaults{log};
     BuildInformation information;
-    UnaskedNotificationCenter notifications;
+    FreedesktopNotificationCenter notifications{defaults};
     UnaskedEventStore events;
     AutostartLoginItem loginItem;
     X11HotKeyRegistrar hotKeys;

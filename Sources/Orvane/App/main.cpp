@@ -47,7 +47,9 @@ int selfCheck(int argc, char* argv[]) {
     probe.reset();
     SignalWatch quitSignals;
     BuildInformation information;
-    UnaskedNotificationCenter notifications;
+    JournalLog log;
+    SettingsUserDefaults defaults(log);
+    FreedesktopNotificationCenter notifications(defaults);
     UnaskedEventStore events;
     AutostartLoginItem loginItem;
     ScreenList screens;
