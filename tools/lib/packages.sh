@@ -23,7 +23,10 @@ drive_packages=(
 
 test_packages=(
     libgtest-dev librapidcheck-dev libbenchmark-dev qml6-module-qttest
-    xterm xfwm4 sqlite3 util-linux procps clang-format
+    xterm xfwm4 dunst sqlite3 util-linux procps clang-format
 )
+
+# What only tools/bench needs.
+bench_packages=(python3-xlib)
 
 sanitizer_packages=(clang-19 libclang-rt-19-dev)
