@@ -122,8 +122,10 @@ def components_are_bound(source):
 
 
 def tests_never_sleep(source):
-    """A test waits for a condition; only the end-to-end harness polls."""
+    """A test waits for a condition; only the end-to-end harness polls, and a benchmark lets things settle."""
     if not source.below("Tests", "Packages/PlannerCore/Tests") or source.path == "Tests/EndToEnd/harness.py":
+        return
+    if source.below("Tests/Bench"):
         return
     if source.suffix in CPP:
         yield from matches(source, r"\bsleep_(?:for|until)\b|\bqSleep\b|\bqWait\(|\b(?:u|nano)sleep\(|\bQThread::\w*sleep", code_of(source))

@@ -12,9 +12,9 @@ namespace orvane {
 
 class UserDefaults;
 
-/// Notifications over org.freedesktop.Notifications, as the Desktop Notifications Specification 1.2 of
-/// freedesktop.org describes them. There is no prompt to answer: being asked is the user's consent, which is
-/// kept under "consent.notifications". Requests with a time of their own are refused with a text.
+/// Notifications over org.freedesktop.Notifications, version 1.2 of freedesktop.org's protocol. There is no
+/// prompt to answer: being asked is the user's consent, which is kept under "consent.notifications". Requests
+/// with a time of their own are refused with a text.
 class FreedesktopNotificationCenter : public NotificationCenter {
 public:
     /// `defaults` must outlive this. Calls on `bus`; one that is not connected means that nothing can be
