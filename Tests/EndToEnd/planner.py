@@ -37,6 +37,11 @@ class Home:
         file.parent.mkdir(exist_ok=True)
         file.write_text(f'[General]\npreferences.v1="@ByteArray({record})"\n')
 
+    def seed_default(self, key, value):
+        """Adds one of the program's other small values beside the preferences."""
+        with open(self.config / "Orvane" / "Orvane.conf", "a", encoding="utf-8") as file:
+            file.write(f"{key}=@ByteArray({value})\n")
+
     @property
     def planner(self):
         """The folder with the planner in it."""
@@ -49,20 +54,32 @@ class Home:
     def environment(self):
         return {**os.environ, "XDG_DATA_HOME": str(self.data), "XDG_CONFIG_HOME": str(self.config)}
 
-    def tasks(self):
-        """The stored tasks in the planner's order, as dictionaries; empty without a store."""
+    def records(self, kind):
+        """The stored records of a kind ("task", "note", "session"), as dictionaries; empty without a store."""
         if not self.store.exists():
             return []
         connection = sqlite3.connect(f"file:{self.store}?mode=ro", uri=True, timeout=10)
         try:
-            rows = connection.execute("SELECT payload FROM PlannerRecord WHERE kind = 'task'").fetchall()
+            rows = connection.execute("SELECT payload FROM PlannerRecord WHERE kind = ?", (kind,)).fetchall()
         except sqlite3.OperationalError as error:
             if "no such table" in str(error):
                 return []
             raise
         finally:
             connection.close()
-        return sorted((json.loads(payload) for (payload,) in rows), key=lambda task: task["order"])
+        return [json.loads(payload) for (payload,) in rows]
+
+    def tasks(self):
+        """The stored tasks in the planner's order."""
+        return sorted(self.records("task"), key=lambda task: task["order"])
+
+    def put(self, kind, key, record):
+        """Writes a record into the store of a program that has ended, as the program itself would."""
+        payload = json.dumps(record, separators=(",", ":"), sort_keys=True, ensure_ascii=False).encode()
+        connection = sqlite3.connect(self.store)
+        with connection:
+            connection.execute("INSERT OR REPLACE INTO PlannerRecord VALUES (?, ?, ?)", (key, kind, payload))
+        connection.close()
 
     def titles(self):
         return [task["title"] for task in self.tasks()]

@@ -23,7 +23,7 @@ drive_packages=(
 
 test_packages=(
     libgtest-dev librapidcheck-dev libbenchmark-dev qml6-module-qttest
-    xterm xfwm4 dunst sqlite3 util-linux procps clang-format
+    xterm xfwm4 wmctrl picom dunst sqlite3 util-linux procps clang-format
 )
 
 # What only tools/bench needs.
