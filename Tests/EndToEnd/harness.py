@@ -121,7 +121,11 @@ class Desktop:
                 except ProcessLookupError:
                     pass
             process.terminate()
-            process.wait()
+            try:
+                process.wait(timeout=5)
+            except subprocess.TimeoutExpired:
+                process.kill()  # some window managers never answer once their bus is in trouble
+                process.wait()
         self.processes = []
         shutil.rmtree(self.folder, ignore_errors=True)
 
