@@ -74,6 +74,24 @@ QtObject {
         weight: Font.DemiBold
         spacing: 0.8
     }
+    /// Numbers in steppers.
+    readonly property TextStyle figure: TextStyle {
+        family: "Quicksand"
+        size: 15
+        line: 20
+        weight: Font.Bold
+        ascent: 1
+        descent: 0.25
+    }
+    /// Numbers in chips.
+    readonly property TextStyle figureSmall: TextStyle {
+        family: "Quicksand"
+        size: 14
+        line: 20
+        weight: Font.Bold
+        ascent: 1
+        descent: 0.25
+    }
     readonly property TextStyle stripTime: TextStyle {
         family: "JetBrains Mono"
         size: 12
