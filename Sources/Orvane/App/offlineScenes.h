@@ -24,5 +24,7 @@ struct Scene {
 
 /// Every state by its name.
 std::map<QString, Scene> scenes();
+/// Those of the focus card.
+std::map<QString, Scene> focusScenes();
 
 } // namespace orvane::offline

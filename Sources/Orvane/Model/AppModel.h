@@ -79,8 +79,9 @@ public:
     Q_INVOKABLE void dismissReminderError();
     bool canUndoDelete() const { return deleted_.has_value(); }
     int focusRequest() const { return focusRequest_; }
-    /// Asks the workspace to put the keyboard into the add field; the window coordinator calls it.
-    void requestFocus();
+    /// Asks the workspace to put the keyboard into the add field; the window coordinator and
+    /// the focus card call it.
+    Q_INVOKABLE void requestFocus();
     std::int64_t revision() const { return revision_; }
     std::int64_t lastSavedRevision() const { return lastSavedRevision_; }
 
@@ -124,6 +125,8 @@ public:
     void moveTask(const planner::PlannerTask& task, int offset);
     /// The open tasks in the planner's order. Costs a walk over all tasks: views read `openTasks`.
     std::vector<planner::PlannerTask> incompleteTasks() const;
+    /// The title of that task; empty when there is none or it is completed.
+    Q_INVOKABLE QString openTaskTitle(const QString& taskId);
     /// Whether `moment` is still to come; false for an invalid one.
     Q_INVOKABLE bool isUpcoming(const QDateTime& moment) const;
 

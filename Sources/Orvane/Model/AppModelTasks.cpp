@@ -140,6 +140,11 @@ std::vector<PlannerTask> AppModel::incompleteTasks() const {
     return open;
 }
 
+QString AppModel::openTaskTitle(const QString& taskId) {
+    const auto task = taskNamed(taskId);
+    return task && !task->isComplete() ? QString::fromStdString(task->title) : QString();
+}
+
 bool AppModel::isUpcoming(const QDateTime& moment) const {
     const auto now = platform_.clock.now().seconds + planner::unixEpochOffset;
     return moment.isValid() && static_cast<double>(moment.toMSecsSinceEpoch()) > now * 1000;

@@ -3,6 +3,7 @@
 #include <PlannerCore/Checked.h>
 #include <PlannerCore/PlannerDates.h>
 
+#include <string_view>
 #include <utility>
 
 namespace orvane {
@@ -12,6 +13,10 @@ constexpr double tickInterval = 1;
 constexpr double tickTolerance = 0.1;
 /// Bounds what a crash can lose of a running session.
 constexpr std::int64_t ticksBetweenCheckpoints = 15;
+
+QString text(std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), qsizetype(utf8.size()));
+}
 
 } // namespace
 
@@ -23,17 +28,36 @@ using planner::FocusStatus;
 FocusController::FocusController(Clock& clock, QObject* parent) : QObject(parent), clock_(clock) {}
 
 QString FocusController::timeText() const {
-    return QString::fromStdString(planner::dates::clock(seconds_));
+    return clockText(seconds_);
+}
+
+QString FocusController::clockText(double seconds) const {
+    return QString::fromStdString(planner::dates::clock(seconds));
 }
 
 QString FocusController::statusText() const {
     if (!engine_) return {};
-    const auto word = planner::rawValue(engine_->session.status);
-    return QString::fromUtf8(word.data(), qsizetype(word.size()));
+    return text(planner::rawValue(engine_->session.status));
+}
+
+QString FocusController::modeText() const {
+    return engine_ ? text(planner::rawValue(engine_->session.mode)) : QString();
+}
+
+double FocusController::target() const {
+    return engine_ ? engine_->session.target : 0;
+}
+
+QString FocusController::taskTitle() const {
+    return engine_ ? text(engine_->session.title) : QString();
 }
 
 bool FocusController::isRunning() const {
     return status() == FocusStatus::running;
+}
+
+bool FocusController::active() const {
+    return engine_ && engine_->session.status != FocusStatus::finished;
 }
 
 void FocusController::start(const planner::PlannerTask& task, FocusMode mode, std::int64_t minutes) {

@@ -26,6 +26,14 @@ class FocusController : public QObject {
     Q_PROPERTY(QString timeText READ timeText NOTIFY secondsChanged)
     /// "" without a session, otherwise "running", "paused" or "finished".
     Q_PROPERTY(QString status READ statusText NOTIFY engineChanged)
+    /// Whether there is a session that is running or paused.
+    Q_PROPERTY(bool active READ active NOTIFY engineChanged)
+    /// "" without a session, otherwise "countdown" or "stopwatch".
+    Q_PROPERTY(QString mode READ modeText NOTIFY engineChanged)
+    /// The planned seconds of a countdown; 0 without a session.
+    Q_PROPERTY(double target READ target NOTIFY engineChanged)
+    /// The title that the session's task had when it began; empty without one.
+    Q_PROPERTY(QString taskTitle READ taskTitle NOTIFY engineChanged)
     Q_PROPERTY(bool recovered READ recovered NOTIFY recoveredChanged)
 
 public:
@@ -40,14 +48,20 @@ public:
     /// Whether the session was found running at launch and has been paused since.
     bool recovered() const { return recovered_; }
     bool isRunning() const;
+    bool active() const;
+    QString modeText() const;
+    double target() const;
+    QString taskTitle() const;
+    /// `seconds` as a timer shows them: "25:00", "1:05:48".
+    Q_INVOKABLE QString clockText(double seconds) const;
 
     /// Begins a session on `task`, after finishing an open one. Minutes whose seconds overflow end the
     /// program with a message.
     void start(const planner::PlannerTask& task, planner::FocusMode mode, std::int64_t minutes);
-    void pause();
-    void resume();
+    Q_INVOKABLE void pause();
+    Q_INVOKABLE void resume();
     /// Ends the session; one that is finished already is only saved and shown again.
-    void finish();
+    Q_INVOKABLE void finish();
     /// Closes the running stretch into a segment and has it saved.
     void checkpoint();
     /// Takes over a stored session, paused; none clears the controller. Nothing is saved.

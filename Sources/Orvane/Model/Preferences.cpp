@@ -86,7 +86,7 @@ QList<WorkspaceCard> allWorkspaceCards() {
 }
 
 QList<WorkspaceCard> builtWorkspaceCards() {
-    return {WorkspaceCard::tasks};
+    return {WorkspaceCard::tasks, WorkspaceCard::focus};
 }
 
 QString rawValue(WorkspaceCard card) {

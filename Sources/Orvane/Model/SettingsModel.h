@@ -31,6 +31,7 @@ class SettingsModel : public QObject {
     QML_UNCREATABLE("The application makes it.")
     Q_PROPERTY(QString appearance READ appearance NOTIFY preferencesChanged)
     Q_PROPERTY(QString clockStyle READ clockStyle NOTIFY preferencesChanged)
+    Q_PROPERTY(int defaultMinutes READ defaultMinutes NOTIFY preferencesChanged)
     Q_PROPERTY(bool hoverEnabled READ hoverEnabled NOTIFY preferencesChanged)
     Q_PROPERTY(double cardWidth READ cardWidth NOTIFY preferencesChanged)
     Q_PROPERTY(QStringList visibleCards READ visibleCardNames NOTIFY preferencesChanged)
@@ -72,6 +73,7 @@ public:
 
     QString appearance() const { return preferences_.appearance; }
     QString clockStyle() const { return preferences_.clockStyle; }
+    int defaultMinutes() const { return int(preferences_.defaultMinutes); }
     bool hoverEnabled() const { return preferences_.hoverEnabled; }
     double cardWidth() const { return preferences_.cardWidth; }
     /// The built cards that are not hidden, in the user's order.

@@ -9,6 +9,9 @@ Rectangle {
     required property string title
     required property string symbol
     property string detail: ""
+    property color detailColor: root.theme.tones.third
+    property color badgeColor: Orvane.Palette.sage
+    property color glyphColor: Orvane.Palette.ink
     /// Whether the card stands on the Dashboard, which has more room.
     property bool large: false
 
@@ -31,6 +34,9 @@ Rectangle {
         title: root.title
         symbol: root.symbol
         detail: root.detail
+        detailColor: root.detailColor
+        badgeColor: root.badgeColor
+        glyphColor: root.glyphColor
         narrow: root.narrow
     }
 }

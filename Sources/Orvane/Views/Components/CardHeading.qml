@@ -11,6 +11,7 @@ Item {
     property string detail: ""
     property color badgeColor: Orvane.Palette.sage
     property color glyphColor: Orvane.Palette.ink
+    property color detailColor: root.theme.tones.third
     property bool narrow: false
 
     readonly property Orvane.TextStyle labelKind: root.narrow ? Orvane.Type.labelTight : Orvane.Type.label
@@ -48,6 +49,6 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         kind: root.labelKind
         text: root.detail
-        color: root.theme.tones.third
+        color: root.detailColor
     }
 }

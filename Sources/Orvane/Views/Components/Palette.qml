@@ -41,6 +41,7 @@ QtObject {
         fillPress: "#B3C2A9"
         inkOnFill: root.ink
         tick: "#313A33"
+        ready: "#6E7B6A"
         cardLine: root.clear
     }
 
@@ -68,6 +69,7 @@ QtObject {
         fillPress: "#B3C2A9"
         inkOnFill: root.ink
         tick: "#343D36"
+        ready: "#6E7B6A"
         cardLine: root.clear
     }
 
@@ -95,6 +97,7 @@ QtObject {
         fillPress: "#35503A"
         inkOnFill: "#FFFFFF"
         tick: "#E0DDD0"
+        ready: "#7F9378"
         cardLine: "#E8E4D9"
     }
 }

@@ -15,6 +15,9 @@ Orvane.BaseButton {
     required property color ink
     required property color outline
 
+    /// Between the symbol and the text.
+    property int gap: root.mini ? 6 : 8
+
     readonly property bool mini: root.size === PillButton.Mini
 
     corner: root.mini ? 10 : 12
@@ -41,7 +44,7 @@ Orvane.BaseButton {
         Row {
             id: row
             anchors.centerIn: parent
-            spacing: root.mini ? 6 : 8
+            spacing: root.gap
             Orvane.Symbol {
                 visible: root.symbol !== ""
                 anchors.verticalCenter: parent.verticalCenter

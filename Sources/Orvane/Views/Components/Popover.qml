@@ -11,6 +11,10 @@ FocusScope {
     property Item anchorItem: null
     property bool opened: false
     property int padding: 16
+    /// Stands over the anchor's middle instead of at its right edge, and above it instead of below, where
+    /// there is room.
+    property bool centred: false
+    property bool above: false
     /// Whether it was opened by the keyboard, which then shows where it is.
     property bool byKeyboard: false
     default property alias content: body.data
@@ -26,7 +30,12 @@ FocusScope {
     enabled: root.opened
     z: 10
 
-    /// Opens below `anchorItem`, right edges aligned.
+    onContentHeightChanged: {
+        if (root.opened)
+            root.place();
+    }
+
+    /// Opens beside `anchor`.
     function open(anchor: Item, byKeyboard: bool): void {
         root.anchorItem = anchor;
         root.byKeyboard = byKeyboard;
@@ -53,10 +62,11 @@ FocusScope {
         const at = root.anchorItem.mapToItem(root, 0, 0);
         const below = at.y + root.anchorItem.height + 4;
         const above = at.y - 4 - surface.height;
-        const fits = below + surface.height + margin <= root.height;
-        const right = at.x + root.anchorItem.width;
+        const fitsBelow = below + surface.height + margin <= root.height;
+        const fitsAbove = above >= margin;
+        const right = root.centred ? at.x + (root.anchorItem.width + surface.width) / 2 : at.x + root.anchorItem.width;
         surface.x = Math.round(Math.max(margin, Math.min(right, root.width - margin) - surface.width));
-        surface.restY = Math.round(fits ? below : above >= margin ? above : Math.max(margin, root.height - margin - surface.height));
+        surface.restY = Math.round(fitsAbove && (root.above || !fitsBelow) ? above : fitsBelow ? below : Math.max(margin, root.height - margin - surface.height));
     }
 
     Keys.onEscapePressed: root.close()
@@ -101,12 +111,29 @@ FocusScope {
             anchors.fill: parent
             acceptedButtons: Qt.AllButtons
         }
+        // The Tab key goes round within the surface.
+        Item {
+            id: head
+            activeFocusOnTab: true
+            onActiveFocusChanged: {
+                if (head.activeFocus)
+                    tail.nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason);
+            }
+        }
         Item {
             id: body
             x: root.padding
             y: root.padding
             width: root.contentWidth
             height: root.contentHeight
+        }
+        Item {
+            id: tail
+            activeFocusOnTab: true
+            onActiveFocusChanged: {
+                if (tail.activeFocus)
+                    head.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason);
+            }
         }
     }
 }

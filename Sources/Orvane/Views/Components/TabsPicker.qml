@@ -10,8 +10,12 @@ FocusScope {
 
     required property Orvane.Theme theme
     required property string label
-    /// The texts of the choices.
+    /// The names of the choices.
     required property list<string> choices
+    /// What stands on the tabs; an empty text leaves the symbol alone.
+    property list<string> texts: root.choices
+    /// The symbols before the texts; none where there is none for a tab.
+    property list<string> symbols: []
     property int current: 0
 
     /// The user chose another one.
@@ -62,12 +66,28 @@ FocusScope {
             onClicked: root.choose(tab.index)
 
             contentItem: Item {
-                Orvane.Label {
+                id: face
+                readonly property color ink: tab.isCurrent || tab.hovered ? root.theme.tones.text : root.theme.tones.second
+                readonly property string symbol: root.symbols[tab.index] ?? ""
+
+                Row {
                     anchors.centerIn: parent
-                    kind: Orvane.Type.bodyMedium
-                    text: tab.text
-                    color: tab.isCurrent || tab.hovered ? root.theme.tones.text : root.theme.tones.second
-                    Accessible.ignored: true
+                    spacing: 6
+                    Orvane.Symbol {
+                        anchors.verticalCenter: parent.verticalCenter
+                        visible: face.symbol !== ""
+                        name: face.symbol === "" ? "circle" : face.symbol
+                        size: words.visible ? 16 : 18
+                        color: face.ink
+                    }
+                    Orvane.Label {
+                        id: words
+                        visible: words.text !== ""
+                        kind: Orvane.Type.bodyMedium
+                        text: root.texts[tab.index]
+                        color: face.ink
+                        Accessible.ignored: true
+                    }
                 }
             }
         }

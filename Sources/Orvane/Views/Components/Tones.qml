@@ -35,6 +35,8 @@ QtObject {
     required property color inkOnFill
 
     required property color tick
+    /// The dial before a session.
+    required property color ready
     /// The outline of a card; clear where the card's own colour sets it apart.
     required property color cardLine
 }

@@ -23,6 +23,11 @@ QtObject {
         line: 20
         weight: Font.DemiBold
     }
+    readonly property TextStyle titleMedium: TextStyle {
+        size: 15
+        line: 20
+        weight: Font.Medium
+    }
     readonly property TextStyle lead: TextStyle {
         size: 15
         line: 24
@@ -67,6 +72,26 @@ QtObject {
         line: 16
         weight: Font.DemiBold
         spacing: 0.4
+    }
+    /// Labels that stand two on one line of a card.
+    readonly property TextStyle labelPaired: TextStyle {
+        size: 11
+        line: 16
+        weight: Font.DemiBold
+        spacing: 0.5
+    }
+    /// The caption inside a dial, and inside a small one.
+    readonly property TextStyle dialCaption: TextStyle {
+        size: 11
+        line: 14
+        weight: Font.DemiBold
+        spacing: 0.88
+    }
+    readonly property TextStyle dialCaptionSmall: TextStyle {
+        size: 10
+        line: 12
+        weight: Font.DemiBold
+        spacing: 0.5
     }
     readonly property TextStyle badge: TextStyle {
         size: 10

@@ -14,7 +14,8 @@ FocusScope {
     required property bool large
 
     readonly property var kinds: ({
-            tasks: "TasksCard.qml"
+            tasks: "TasksCard.qml",
+            focus: "FocusCard.qml"
         })
     readonly property var names: root.model.settings.visibleCards
 
