@@ -81,6 +81,13 @@ TestCase {
         }
     }
 
+    function test_it_is_one_stop_of_the_tab_key(): void {
+        const second = createTemporaryObject(stepperKind, root);
+        root.stepper.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Tab);
+        verify(second.activeFocus);
+    }
+
     function test_it_stops_at_its_bounds(): void {
         root.stepper.forceActiveFocus(Qt.TabFocusReason);
         root.value = 5;
