@@ -74,6 +74,14 @@ Orvane.Card {
             setup.focusStart(reason);
     }
 
+    /// Goes to the field for a new task; where its card is hidden, to where it can be shown.
+    function addTask(): void {
+        if (root.model.settings.visibleCards.includes("tasks"))
+            root.model.requestFocus();
+        else
+            root.model.requestSettings();
+    }
+
     Connections {
         target: root.model
         function onSnapshotChanged(): void {
@@ -176,7 +184,7 @@ Orvane.Card {
                 onMinutesChosen: minutes => root.pickedMinutes = minutes
                 onCustomRequested: (anchor, byKeyboard) => duration.open(anchor, byKeyboard)
                 onTaskRequested: (anchor, byKeyboard) => chooser.open(anchor, byKeyboard)
-                onAddRequested: root.model.requestFocus()
+                onAddRequested: root.addTask()
                 onStartRequested: byKeyboard => {
                     root.startedByKeyboard = byKeyboard;
                     root.model.beginFocusOn(root.selected, root.mode, root.minutes);

@@ -104,7 +104,7 @@ Orvane.Popover {
         visible: found.count > 0
         clip: true
         reuseItems: true
-        cacheBuffer: 64
+        cacheBuffer: 0
         boundsBehavior: Flickable.StopAtBounds
         keyNavigationEnabled: false
         model: found

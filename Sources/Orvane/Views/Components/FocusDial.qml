@@ -23,7 +23,7 @@ Item {
     readonly property real filled: 60 * Math.max(0, Math.min(root.progress, 1))
     readonly property int whole: Math.floor(root.filled)
     /// How far the next tick is lit, 0 to 1.
-    readonly property real rest: root.filled - root.whole
+    readonly property real rest: root.filled - Math.floor(root.filled)
     readonly property list<string> ticks: {
         const all = [];
         for (let k = 0; k < 60; ++k) {
@@ -133,6 +133,8 @@ Item {
             model: root.timeText.length
             delegate: Orvane.Label {
                 required property int index
+
+                objectName: "figure" + index
                 readonly property string before: root.timeText.substring(0, index)
                 readonly property int colonsBefore: before.split(":").length - 1
                 readonly property bool colon: text === ":"
@@ -150,6 +152,7 @@ Item {
     }
     Orvane.Label {
         id: words
+        objectName: "dialCaption"
         anchors.horizontalCenter: parent.horizontalCenter
         y: time.y + time.height + 2
         // Within the ring, also where that is small.

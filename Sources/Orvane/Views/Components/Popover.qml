@@ -59,14 +59,16 @@ FocusScope {
 
     function place(): void {
         const margin = Orvane.Metrics.popoverMargin;
+        const width = root.contentWidth + 2 * root.padding;
+        const height = root.contentHeight + 2 * root.padding;
         const at = root.anchorItem.mapToItem(root, 0, 0);
         const below = at.y + root.anchorItem.height + 4;
-        const above = at.y - 4 - surface.height;
-        const fitsBelow = below + surface.height + margin <= root.height;
+        const above = at.y - 4 - height;
+        const fitsBelow = below + height + margin <= root.height;
         const fitsAbove = above >= margin;
-        const right = root.centred ? at.x + (root.anchorItem.width + surface.width) / 2 : at.x + root.anchorItem.width;
-        surface.x = Math.round(Math.max(margin, Math.min(right, root.width - margin) - surface.width));
-        surface.restY = Math.round(fitsAbove && (root.above || !fitsBelow) ? above : fitsBelow ? below : Math.max(margin, root.height - margin - surface.height));
+        const right = root.centred ? at.x + (root.anchorItem.width + width) / 2 : at.x + root.anchorItem.width;
+        surface.x = Math.round(Math.max(margin, Math.min(right, root.width - margin) - width));
+        surface.restY = Math.round(fitsAbove && (root.above || !fitsBelow) ? above : fitsBelow ? below : Math.max(margin, root.height - margin - height));
     }
 
     Keys.onEscapePressed: root.close()
