@@ -9,6 +9,7 @@
 #include <QQuickItem>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <system_error>
 
@@ -23,6 +24,8 @@ class TestDesk : public QObject {
     /// How often the model asked to close the panel, and to show the Dashboard.
     Q_PROPERTY(int dismissals READ dismissals NOTIFY changed)
     Q_PROPERTY(int dashboards READ dashboards NOTIFY changed)
+    /// How often it asked to show the settings.
+    Q_PROPERTY(int settingsShown READ settingsShown NOTIFY changed)
 
 public:
     AppModel* model() const { return stage_->house.model.get(); }
@@ -30,6 +33,7 @@ public:
     NavigationModel* navigation() const { return &stage_->navigation; }
     int dismissals() const { return stage_->dismissals; }
     int dashboards() const { return stage_->dashboards; }
+    int settingsShown() const { return stage_->settingsShown; }
 
     /// A new desktop whose planner is still closed and holds these open tasks. The model of the one
     /// before is gone.
@@ -44,6 +48,7 @@ public:
         stage_->house.store(planner);
         model()->dismissPanel = [this] { ++stage_->dismissals; };
         model()->openDashboard = [this] { ++stage_->dashboards; };
+        model()->openSettings = [this] { ++stage_->settingsShown; };
         stage_->panel.setReduceMotion(true);
         emit changed();
     }
@@ -112,6 +117,33 @@ public:
     }
     Q_INVOKABLE void pauseFocus() { model()->focus()->pause(); }
     Q_INVOKABLE void finishFocus() { model()->focus()->finish(); }
+    /// Finds a countdown that was planned to last `target` seconds and had `spent` of them counted when
+    /// the program ended.
+    Q_INVOKABLE void recoverFocus(const QString& title, double target, double spent) {
+        planner::FocusSession session(planner::Uuid::random(), title.toStdString(),
+                                      planner::FocusMode::countdown, target, desk().clock.now());
+        session.segments = {{desk().clock.now(), spent}};
+        model()->focus()->restore(session);
+    }
+    Q_INVOKABLE void advance(double seconds) {
+        desk().clock.advance(seconds);
+        settle();
+    }
+    Q_INVOKABLE void setDefaultMinutes(int minutes) {
+        prefer([=](Preferences& p) { p.defaultMinutes = minutes; });
+    }
+    Q_INVOKABLE void setClockStyle(const QString& style) {
+        prefer([&](Preferences& p) { p.clockStyle = style; });
+    }
+    Q_INVOKABLE void hideTasksCard() {
+        prefer([](Preferences& p) { p.hiddenCards = {WorkspaceCard::tasks}; });
+    }
+    /// The id of the first task of that title, open or completed; empty when there is none.
+    Q_INVOKABLE QString idOf(const QString& title) const {
+        for (const auto& task : model()->snapshot().tasks)
+            if (task.title == title.toStdString()) return QString::fromStdString(task.id.text());
+        return {};
+    }
 
 signals:
     void changed();
@@ -123,7 +155,14 @@ private:
         NavigationModel navigation;
         int dismissals = 0;
         int dashboards = 0;
+        int settingsShown = 0;
     };
+
+    void prefer(const std::function<void(Preferences&)>& change) {
+        auto preferences = model()->settings()->preferences();
+        change(preferences);
+        model()->settings()->setPreferences(preferences);
+    }
 
     FakePlatform& desk() const { return stage_->house.platform; }
 

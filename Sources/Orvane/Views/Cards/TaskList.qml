@@ -82,6 +82,8 @@ FocusScope {
     function runMenu(name: string): void {
         if (name === "rename")
             root.edit(root.menuId);
+        else if (name === "focus")
+            root.model.beginFocusOn(root.menuId, "countdown", root.model.settings.defaultMinutes);
         else if (name === "up" || name === "down")
             root.moveBy(root.menuId, name === "up" ? -1 : 1);
         else if (name === "delete")
@@ -242,6 +244,7 @@ FocusScope {
         row: menu.opened ? root.tasks.rowOf(root.menuId) : -1
         count: list.count
         movable: !root.completed
+        focusable: !root.completed && !root.model.focus.active
         onChosen: name => root.runMenu(name)
     }
 }

@@ -8,6 +8,8 @@ Orvane.ContextMenu {
     required property int row
     required property int count
     required property bool movable
+    /// Whether a session on the task may begin now.
+    required property bool focusable
 
     objectName: "taskMenu"
     parent: root.theme.layer
@@ -17,6 +19,12 @@ Orvane.ContextMenu {
             name: "rename",
             text: qsTr("Rename"),
             symbol: "pencil"
+        },
+        {
+            name: "focus",
+            text: qsTr("Focus on this"),
+            symbol: "play",
+            enabled: root.focusable
         },
         {
             divider: true
