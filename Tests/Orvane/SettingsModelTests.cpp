@@ -249,7 +249,7 @@ private slots:
         FakePlatform desktop;
         SettingsModel settings(desktop.platform);
         QCOMPARE(settings.visibleCards(), orvane::builtWorkspaceCards());
-        QCOMPARE(settings.visibleCardNames(), QStringList{"tasks"});
+        QCOMPARE(settings.visibleCardNames(), QStringList({"tasks", "focus"}));
         auto preferences = settings.preferences();
         preferences.hiddenCards = {WorkspaceCard::tasks};
         settings.setPreferences(preferences);
