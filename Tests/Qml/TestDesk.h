@@ -8,6 +8,7 @@
 #include <QObject>
 #include <QQuickItem>
 #include <QStringList>
+#include <QVariantMap>
 
 #include <functional>
 #include <memory>
@@ -21,11 +22,10 @@ class TestDesk : public QObject {
     Q_PROPERTY(orvane::AppModel* model READ model NOTIFY changed)
     Q_PROPERTY(orvane::PanelState* panel READ panel NOTIFY changed)
     Q_PROPERTY(orvane::NavigationModel* navigation READ navigation NOTIFY changed)
-    /// How often the model asked to close the panel, and to show the Dashboard.
+    /// How often the model asked to close the panel, to show the Dashboard, and to show the settings.
     Q_PROPERTY(int dismissals READ dismissals NOTIFY changed)
     Q_PROPERTY(int dashboards READ dashboards NOTIFY changed)
-    /// How often it asked to show the settings.
-    Q_PROPERTY(int settingsShown READ settingsShown NOTIFY changed)
+    Q_PROPERTY(int settingsRequests READ settingsRequests NOTIFY changed)
 
 public:
     AppModel* model() const { return stage_->house.model.get(); }
@@ -33,7 +33,7 @@ public:
     NavigationModel* navigation() const { return &stage_->navigation; }
     int dismissals() const { return stage_->dismissals; }
     int dashboards() const { return stage_->dashboards; }
-    int settingsShown() const { return stage_->settingsShown; }
+    int settingsRequests() const { return stage_->settingsRequests; }
 
     /// A new desktop whose planner is still closed and holds these open tasks. The model of the one
     /// before is gone.
@@ -48,7 +48,7 @@ public:
         stage_->house.store(planner);
         model()->dismissPanel = [this] { ++stage_->dismissals; };
         model()->openDashboard = [this] { ++stage_->dashboards; };
-        model()->openSettings = [this] { ++stage_->settingsShown; };
+        model()->openSettings = [this] { ++stage_->settingsRequests; };
         stage_->panel.setReduceMotion(true);
         emit changed();
     }
@@ -110,6 +110,27 @@ public:
         preferences.appearance = appearance;
         model()->settings()->setPreferences(preferences);
     }
+    /// Attaches these displays, whose ids count from 1, in place of those before.
+    Q_INVOKABLE void attachDisplays(const QStringList& names) {
+        QList<Screen> screens;
+        for (const auto& name : names)
+            screens.append(FakeScreens::plain(std::uint32_t(screens.size()) + 1, name));
+        desk().screens.set(screens);
+    }
+    /// What a new program on this desktop begins with.
+    Q_INVOKABLE QVariantMap storedPreferences() const {
+        const auto stored = SettingsModel(desk().platform).preferences();
+        return {{"appearance", stored.appearance},
+                {"clockStyle", stored.clockStyle},
+                {"defaultMinutes", qint64(stored.defaultMinutes)},
+                {"hoverEnabled", stored.hoverEnabled},
+                {"cards", words(stored.cards)},
+                {"hiddenCards", words(stored.hiddenCards)},
+                {"cardWidth", stored.cardWidth},
+                {"displayID", stored.displayID}};
+    }
+    /// How often something was written to the user's defaults.
+    Q_INVOKABLE int writes() const { return int(desk().defaults.writes.size()); }
     /// Starts an 80-minute countdown and lets `seconds` of it pass.
     Q_INVOKABLE void startFocus(double seconds) {
         model()->focus()->start(model()->incompleteTasks().front(), planner::FocusMode::countdown, 80);
@@ -155,13 +176,19 @@ private:
         NavigationModel navigation;
         int dismissals = 0;
         int dashboards = 0;
-        int settingsShown = 0;
+        int settingsRequests = 0;
     };
 
     void prefer(const std::function<void(Preferences&)>& change) {
         auto preferences = model()->settings()->preferences();
         change(preferences);
         model()->settings()->setPreferences(preferences);
+    }
+
+    static QStringList words(const QList<WorkspaceCard>& cards) {
+        QStringList words;
+        for (const auto card : cards) words.append(rawValue(card));
+        return words;
     }
 
     FakePlatform& desk() const { return stage_->house.platform; }

@@ -183,7 +183,7 @@ FocusCase {
         verify(!root.startButton().enabled);
         mouseClick(root.item("taskChooser"));
         verify(root.item("addTaskEntry").activeFocus);
-        compare(desk.settingsShown, 0);
+        compare(desk.settingsRequests, 0);
     }
 
     function test_without_the_tasks_card_the_settings_show_where_to_get_it(): void {
@@ -191,7 +191,7 @@ FocusCase {
         desk.hideTasksCard();
         waitForRendering(root.view);
         mouseClick(root.item("taskChooser"));
-        compare(desk.settingsShown, 1);
+        compare(desk.settingsRequests, 1);
     }
 
     function openMenu(row: int): var {

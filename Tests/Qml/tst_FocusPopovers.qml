@@ -105,7 +105,7 @@ FocusCase {
         root.start(["Read"]);
         root.openDuration();
         mouseClick(root.item("durationSettings"));
-        compare(desk.settingsShown, 1);
+        compare(desk.settingsRequests, 1);
         verify(!root.duration().opened);
     }
 

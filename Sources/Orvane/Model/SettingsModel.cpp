@@ -5,6 +5,10 @@
 #include "Platform/SystemEvents.h"
 #include "Platform/UserDefaults.h"
 
+#include <QVariantMap>
+
+#include <algorithm>
+#include <cmath>
 #include <exception>
 
 namespace orvane {
@@ -22,11 +26,13 @@ Preferences loaded(const UserDefaults& defaults) {
 } // namespace
 
 SettingsModel::SettingsModel(Platform& platform, QObject* parent)
-    : QObject(parent), platform_(platform), preferences_(loaded(platform.defaults)),
+    : QObject(parent), platform_(platform), preferences_(loaded(platform.defaults)), cards_(preferences_),
       loginStatus_(platform.loginItem.status()) {
     connect(&platform_.systemEvents, &SystemEvents::prefersDarkChanged, this, [this] {
         if (!colorScheme()) emit darkChanged();
     });
+    connect(&platform_.screens, &Screens::changed, this, &SettingsModel::refreshDisplays);
+    updateDisplayMissing();
 }
 
 void SettingsModel::setPreferences(const Preferences& preferences) {
@@ -45,6 +51,19 @@ void SettingsModel::move(WorkspaceCard card, int offset) {
     auto changed = preferences_;
     changed.cards.swapItemsAt(from, to);
     apply(changed);
+}
+
+void SettingsModel::moveCard(const QString& card, int offset) {
+    if (const auto known = workspaceCard(card)) move(*known, offset);
+}
+
+void SettingsModel::setCardShown(const QString& card, bool shown) {
+    const auto known = workspaceCard(card);
+    if (!known) return;
+    auto changed = preferences_;
+    changed.hiddenCards.removeAll(*known);
+    if (!shown) changed.hiddenCards.append(*known);
+    setPreferences(changed);
 }
 
 void SettingsModel::resetLayout() {
@@ -66,6 +85,25 @@ void SettingsModel::refreshDisplays() {
     if (displays == displays_) return;
     displays_ = displays;
     emit displaysChanged();
+    updateDisplayMissing();
+}
+
+QVariantList SettingsModel::displayValues() const {
+    QVariantList values;
+    for (const auto& display : displays_)
+        values.append(
+            QVariantMap{{QStringLiteral("id"), display.id}, {QStringLiteral("name"), display.name}});
+    return values;
+}
+
+void SettingsModel::updateDisplayMissing() {
+    const auto chosen = preferences_.displayID;
+    const auto missing =
+        chosen != 0 && std::none_of(displays_.begin(), displays_.end(),
+                                    [&](const auto& display) { return display.id == chosen; });
+    if (missing == displayMissing_) return;
+    displayMissing_ = missing;
+    emit displayMissingChanged();
 }
 
 void SettingsModel::setLogin(bool enabled) {
@@ -93,6 +131,30 @@ bool SettingsModel::dark() const {
     return scheme ? *scheme == ColorScheme::dark : platform_.systemEvents.prefersDark();
 }
 
+void SettingsModel::setAppearance(const QString& appearance) {
+    set(&Preferences::appearance, appearance);
+}
+
+void SettingsModel::setClockStyle(const QString& clockStyle) {
+    set(&Preferences::clockStyle, clockStyle);
+}
+
+void SettingsModel::setDefaultMinutes(int minutes) {
+    set(&Preferences::defaultMinutes, std::int64_t(minutes));
+}
+
+void SettingsModel::setHoverEnabled(bool enabled) {
+    set(&Preferences::hoverEnabled, enabled);
+}
+
+void SettingsModel::setCardWidth(double width) {
+    if (!std::isnan(width)) set(&Preferences::cardWidth, width);
+}
+
+void SettingsModel::setDisplayID(quint32 id) {
+    set(&Preferences::displayID, id);
+}
+
 QList<WorkspaceCard> SettingsModel::visibleCards() const {
     const auto built = builtWorkspaceCards();
     auto visible = preferences_.cards;
@@ -111,9 +173,18 @@ void SettingsModel::apply(const Preferences& preferences) {
     const auto wasDark = dark();
     const auto differs = preferences != preferences_;
     preferences_ = preferences;
+    cards_.follow(preferences_);
     if (differs) emit preferencesChanged();
+    updateDisplayMissing();
     if (dark() != wasDark) emit darkChanged();
     save();
+}
+
+template <class Value>
+void SettingsModel::set(Value Preferences::*field, const Value& value) {
+    auto changed = preferences_;
+    changed.*field = value;
+    setPreferences(changed.repaired());
 }
 
 } // namespace orvane
