@@ -3,8 +3,9 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Orvane as Orvane
 
-/// A menu in the window's layer. Entries are objects with `name`, `text`, `symbol` and, where wanted,
-/// `enabled: false` or `danger: true`; one with `divider: true` is a line.
+/// A menu in the window's layer. Entries are objects with `name`, `text` and, where wanted, `symbol`,
+/// `enabled: false` or `danger: true`; one with `divider: true` is a line. Where the menu is a list of
+/// choices each entry has `checked`, and the chosen one is marked.
 Orvane.Popover {
     id: root
 
@@ -18,7 +19,7 @@ Orvane.Popover {
     padding: 6
     contentWidth: 196
     contentHeight: rows.height
-    onAboutToOpen: root.current = root.byKeyboard ? root.next(-1, 1) : -1
+    onAboutToOpen: root.current = root.byKeyboard ? root.first() : -1
 
     Accessible.role: Accessible.PopupMenu
     Accessible.name: root.label
@@ -45,6 +46,12 @@ Orvane.Popover {
     function selectable(index: int): bool {
         const entry = root.entries[index];
         return entry !== undefined && entry.divider !== true && entry.enabled !== false;
+    }
+
+    /// Where the keyboard begins: at the checked entry, or at the top.
+    function first(): int {
+        const checked = root.entries.findIndex(entry => entry.checked === true);
+        return checked < 0 ? root.next(-1, 1) : checked;
     }
 
     /// The next entry that can be chosen, going round at the ends; `from` when there is none.
@@ -84,6 +91,8 @@ Orvane.Popover {
                 readonly property bool divider: row.modelData.divider === true
                 readonly property bool usable: root.selectable(row.index)
                 readonly property bool isCurrent: root.current === row.index
+                readonly property bool isChecked: row.modelData.checked === true
+                readonly property string symbol: row.modelData.symbol ?? ""
                 readonly property color ink: !row.usable ? root.theme.tones.off : row.modelData.danger === true ? root.theme.tones.clay : root.theme.tones.text
 
                 width: rows.width
@@ -92,6 +101,8 @@ Orvane.Popover {
                 Accessible.name: row.divider ? "" : row.modelData.text
                 Accessible.focusable: row.usable
                 Accessible.focused: row.isCurrent
+                Accessible.checkable: row.modelData.checked !== undefined
+                Accessible.checked: row.isChecked
                 Accessible.onPressAction: root.choose(row.index)
 
                 Rectangle {
@@ -115,22 +126,35 @@ Orvane.Popover {
                     inside: true
                 }
                 Orvane.Symbol {
-                    visible: !row.divider
+                    visible: row.symbol !== ""
                     x: 10
                     anchors.verticalCenter: parent.verticalCenter
-                    name: row.divider ? "minus" : row.modelData.symbol
+                    name: row.symbol === "" ? "minus" : row.symbol
                     color: !row.usable || row.modelData.danger === true ? row.ink : root.theme.tones.second
                 }
-                Orvane.Label {
-                    visible: !row.divider
-                    x: 36
+                Orvane.Symbol {
+                    visible: row.isChecked
+                    x: parent.width - 26
                     anchors.verticalCenter: parent.verticalCenter
-                    width: parent.width - 46
+                    name: "checkmark"
+                    color: root.theme.tones.second
+                }
+                Orvane.Label {
+                    id: words
+                    visible: !row.divider
+                    x: row.symbol === "" ? 10 : 36
+                    anchors.verticalCenter: parent.verticalCenter
+                    width: parent.width - x - (row.modelData.checked === undefined ? 10 : 36)
                     kind: Orvane.Type.body
                     text: row.divider ? "" : row.modelData.text
                     color: row.ink
                     elide: Text.ElideRight
                     Accessible.ignored: true
+                }
+                Orvane.Tooltip {
+                    theme: root.theme
+                    text: words.text
+                    wanted: words.truncated && row.isCurrent
                 }
                 MouseArea {
                     anchors.fill: parent

@@ -42,6 +42,10 @@ QtObject {
         inkOnFill: root.ink
         tick: "#313A33"
         ready: "#6E7B6A"
+        paperBadge: root.paper
+        switchOff: "#39433B"
+        switchHover: "#465148"
+        knob: "#AEB8AC"
         cardLine: root.clear
     }
 
@@ -70,6 +74,10 @@ QtObject {
         inkOnFill: root.ink
         tick: "#343D36"
         ready: "#6E7B6A"
+        paperBadge: root.paper
+        switchOff: "#39433B"
+        switchHover: "#465148"
+        knob: "#AEB8AC"
         cardLine: root.clear
     }
 
@@ -98,6 +106,10 @@ QtObject {
         inkOnFill: "#FFFFFF"
         tick: "#E0DDD0"
         ready: "#7F9378"
+        paperBadge: "#F3E5B4"
+        switchOff: "#7C867E"
+        switchHover: "#6E7870"
+        knob: "#FFFFFF"
         cardLine: "#E8E4D9"
     }
 }

@@ -37,6 +37,12 @@ QtObject {
     required property color tick
     /// The dial before a session.
     required property color ready
+    /// The badge of the notes.
+    required property color paperBadge
+    // A switch that is off: its track, also under the pointer, and its knob.
+    required property color switchOff
+    required property color switchHover
+    required property color knob
     /// The outline of a card; clear where the card's own colour sets it apart.
     required property color cardLine
 }
