@@ -221,7 +221,8 @@ Scenes dashboards() {
 
 std::map<QString, Scene> scenes() {
     Scenes all;
-    for (auto* group : {strips, panels, lists, acts, footers, dashboards, focusScenes}) all.merge(group());
+    for (auto* group : {strips, panels, lists, acts, footers, dashboards, focusScenes, settingsScenes})
+        all.merge(group());
     return all;
 }
 

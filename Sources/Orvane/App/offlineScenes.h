@@ -22,6 +22,8 @@ struct Scene {
     bool expanded = true;
 };
 
+/// Those of the Dashboard's Settings page.
+std::map<QString, Scene> settingsScenes();
 /// Every state by its name.
 std::map<QString, Scene> scenes();
 /// Those of the focus card.

@@ -26,7 +26,7 @@ int CardListModel::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant CardListModel::data(const QModelIndex& index, int role) const {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
+    if (!index.isValid() || index.row() >= cards_.size()) return {};
     const auto card = cards_[index.row()];
     if (role == cardRole) return rawValue(card);
     if (role == shownRole) return !hidden_.contains(card);

@@ -46,14 +46,25 @@ FocusScope {
             }
         }
     }
-    Orvane.EmptyCard {
+    Column {
         objectName: "cleanSlate"
         anchors.centerIn: parent
         width: parent.width
         visible: root.names.length === 0
-        theme: root.theme
-        symbol: "square.grid.2x2"
-        title: qsTr("Your workspace is a clean slate.")
-        description: ""
+        spacing: 16
+        Orvane.EmptyCard {
+            width: parent.width
+            theme: root.theme
+            symbol: "square.grid.2x2"
+            title: qsTr("Your workspace is a clean slate.")
+            description: ""
+        }
+        Orvane.FilledButton {
+            objectName: "chooseCards"
+            anchors.horizontalCenter: parent.horizontalCenter
+            theme: root.theme
+            text: qsTr("Choose your cards")
+            onClicked: root.model.requestSettings()
+        }
     }
 }

@@ -28,6 +28,12 @@ FocusScope {
             text: qsTr("Today"),
             symbol: "square.grid.2x2",
             view: "TodayPage.qml"
+        },
+        {
+            page: Orvane.NavigationModel.DashboardPage.settings,
+            text: qsTr("Settings"),
+            symbol: "slider.horizontal.3",
+            view: "SettingsPage.qml"
         }
     ]
 

@@ -63,6 +63,16 @@ FocusScope {
             onClicked: root.model.requestDashboard()
         }
         Orvane.IconButton {
+            objectName: "openSettings"
+            width: 32
+            height: 32
+            corner: 10
+            theme: root.theme
+            symbol: "slider.horizontal.3"
+            label: qsTr("Settings")
+            onClicked: root.model.requestSettings()
+        }
+        Orvane.IconButton {
             objectName: "closeWorkspace"
             width: 32
             height: 32
