@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Shapes
 import QtQuick.Templates as T
 import Orvane as Orvane
 
@@ -37,38 +38,58 @@ T.CheckBox {
     Keys.onReturnPressed: root.ask()
     Keys.onEnterPressed: root.ask()
 
-    background: Rectangle {
-        radius: 10
-        color: {
+    // Paths, because rounded rectangles come out ragged where the screen's scale is no whole number.
+    background: Shape {
+        id: track
+        property color tone: {
             const tones = root.theme.tones;
             if (!root.enabled)
-                return Orvane.Palette.clear;
+                return tones.line;
             if (!root.on)
                 return root.active ? tones.switchHover : tones.switchOff;
             return root.down ? tones.fillPress : root.hovered ? tones.fillHover : tones.fill;
         }
-        border.width: root.enabled ? 0 : 1
-        border.color: root.theme.tones.line
-        Behavior on color {
+        Behavior on tone {
             ColorAnimation {
                 duration: root.theme.span(Orvane.Metrics.quick)
                 easing.type: Easing.OutQuad
             }
         }
+        ShapePath {
+            strokeWidth: 20
+            strokeColor: track.tone
+            fillColor: Orvane.Palette.clear
+            capStyle: ShapePath.RoundCap
+            startX: 10
+            startY: 10
+            PathLine {
+                x: 26
+                y: 10
+            }
+        }
     }
     contentItem: Item {
-        Rectangle {
+        Shape {
             objectName: "knob"
             x: root.on ? 18 : 2
             y: 2
             width: 16
             height: 16
-            radius: 8
-            color: !root.enabled ? root.theme.tones.off : root.on ? root.theme.tones.inkOnFill : root.theme.tones.knob
             Behavior on x {
                 NumberAnimation {
                     duration: root.theme.span(Orvane.Metrics.quick)
                     easing.type: Easing.OutQuad
+                }
+            }
+            ShapePath {
+                strokeColor: Orvane.Palette.clear
+                fillColor: !root.enabled ? root.theme.tones.off : root.on ? root.theme.tones.inkOnFill : root.theme.tones.knob
+                PathAngleArc {
+                    centerX: 8
+                    centerY: 8
+                    radiusX: 8
+                    radiusY: 8
+                    sweepAngle: 360
                 }
             }
         }
