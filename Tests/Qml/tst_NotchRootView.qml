@@ -157,6 +157,9 @@ TestCase {
         compare(root.item("openDashboard").Accessible.name, "Open dashboard");
         mouseClick(root.item("openDashboard"));
         compare(desk.dashboards, 1);
+        compare(root.item("openSettings").Accessible.name, "Settings");
+        mouseClick(root.item("openSettings"));
+        compare(desk.settingsRequests, 1);
         compare(root.item("closeWorkspace").Accessible.name, "Close workspace");
         mouseClick(root.item("closeWorkspace"));
         compare(desk.dismissals, 1);
@@ -184,7 +187,10 @@ TestCase {
         verify(!root.item("cleanSlate").visible);
         desk.hideEveryCard();
         verify(root.item("cleanSlate").visible);
-        compare(root.item("cleanSlate").title, "Your workspace is a clean slate.");
+        compare(root.item("cleanSlateText").title, "Your workspace is a clean slate.");
         compare(root.item("tasksCard"), null);
+        compare(root.item("chooseCards").text, "Choose your cards");
+        mouseClick(root.item("chooseCards"));
+        compare(desk.settingsRequests, 1);
     }
 }

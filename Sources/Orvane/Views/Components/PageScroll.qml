@@ -39,6 +39,15 @@ Flickable {
         root.contentY = Math.round(Math.max(0, Math.min(y, root.contentHeight - root.height)));
     }
 
+    /// From the page itself the keyboard goes into it, not to the window's first control.
+    function leave(event: var, forward: bool): void {
+        event.accepted = root.activeFocus;
+        if (root.activeFocus)
+            root.nextItemInFocusChain(forward).forceActiveFocus(forward ? Qt.TabFocusReason : Qt.BacktabFocusReason);
+    }
+
+    Keys.onTabPressed: event => root.leave(event, true)
+    Keys.onBacktabPressed: event => root.leave(event, false)
     Keys.onPressed: event => {
         const page = root.height - 48;
         if (event.key === Qt.Key_PageDown)

@@ -36,7 +36,10 @@ FocusScope {
     /// Chooses the neighbour, which takes the keyboard.
     function step(by: int): void {
         root.choose(root.current + by);
-        segments.itemAt(Math.max(0, root.current)).forceActiveFocus(Qt.TabFocusReason);
+        const stop = segments.itemAt(Math.max(0, root.current)) as T.RadioButton;
+        stop.forceActiveFocus(Qt.TabFocusReason);
+        // It may have the keyboard already, for no reason that shows the ring.
+        stop.focusReason = Qt.TabFocusReason;
     }
 
     Rectangle {
@@ -70,6 +73,7 @@ FocusScope {
                     root.choose(segment.index);
                 }
 
+                objectName: "segment" + segment.index
                 text: segment.modelData
                 implicitWidth: Math.ceil(metrics.advanceWidth(segment.text)) + 28
                 implicitHeight: 28

@@ -53,6 +53,7 @@ FocusScope {
         visible: root.names.length === 0
         spacing: 16
         Orvane.EmptyCard {
+            objectName: "cleanSlateText"
             width: parent.width
             theme: root.theme
             symbol: "square.grid.2x2"
