@@ -58,7 +58,7 @@ PanelCase {
     function test_the_tab_key_goes_through_the_card_in_reading_order(): void {
         root.start(["One", "Two"]);
         root.item("openDashboard").forceActiveFocus(Qt.TabFocusReason);
-        const order = [root.item("closeWorkspace"), root.item("taskStatus"), root.row(0), root.item("addTaskEntry"), root.item("addTaskButton")];
+        const order = [root.item("openSettings"), root.item("closeWorkspace"), root.item("taskStatus"), root.row(0), root.item("addTaskEntry"), root.item("addTaskButton")];
         for (const stop of order) {
             keyClick(Qt.Key_Tab);
             verify(stop.activeFocus, "the keyboard reaches " + (stop.objectName || stop.title));
@@ -70,6 +70,8 @@ PanelCase {
         root.item("taskStatus").forceActiveFocus(Qt.TabFocusReason);
         keyClick(Qt.Key_Right);
         compare(root.item("tasksCard").completed, true);
+        compare(root.Window.activeFocusItem.text, "Completed");
+        verify(root.Window.activeFocusItem.visualFocus);
         keyClick(Qt.Key_Left);
         compare(root.item("tasksCard").completed, false);
     }

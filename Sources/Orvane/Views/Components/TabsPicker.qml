@@ -35,7 +35,10 @@ FocusScope {
     /// Chooses the neighbour, which takes the keyboard.
     function step(by: int): void {
         root.choose(root.current + by);
-        tabs.itemAt(root.current).forceActiveFocus(Qt.TabFocusReason);
+        const tab = tabs.itemAt(root.current) as Orvane.BaseTab;
+        tab.forceActiveFocus(Qt.TabFocusReason);
+        // It may have the keyboard already, for no reason that shows the ring.
+        tab.focusReason = Qt.TabFocusReason;
     }
 
     Rectangle {
