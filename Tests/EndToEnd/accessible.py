@@ -38,6 +38,13 @@ class Item:
                 return action.do_action(index)
         raise AssertionError(f"{self} has no press action")
 
+    def value(self):
+        """The number that a slider or the like is at."""
+        return self.node.get_value_iface().get_current_value()
+
+    def set_value(self, value):
+        self.node.get_value_iface().set_current_value(value)
+
     def text(self):
         """What stands in a text field."""
         return self.node.get_text_iface().get_text(0, -1)

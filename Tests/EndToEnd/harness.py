@@ -7,6 +7,7 @@ The desktop lives as long as the script; every test starts the program in a home
 import atexit
 import ctypes
 import os
+import re
 import shutil
 import signal
 import subprocess
@@ -141,6 +142,12 @@ def run(*command, check=True, timeout=60):
 def screenshot(path):
     """Writes a picture of the whole display."""
     run("import", "-window", "root", str(path))
+
+
+def pixel(x, y):
+    """The colour of one pixel of the display, as "#RRGGBB"."""
+    answer = run("import", "-window", "root", "-crop", f"1x1+{round(x)}+{round(y)}", "-depth", "8", "txt:-")
+    return re.search(r"#[0-9A-F]{6}", answer).group(0)
 
 
 def screenshot_at_rest(path):

@@ -33,9 +33,17 @@ class Home:
     def seed_preferences(self, values):
         """Writes the preferences as the program keeps them."""
         record = json.dumps(values, separators=(",", ":")).replace('"', '\\"')
-        file = self.config / "Orvane" / "Orvane.conf"
-        file.parent.mkdir(exist_ok=True)
-        file.write_text(f'[General]\npreferences.v1="@ByteArray({record})"\n')
+        self.preferences_file.parent.mkdir(exist_ok=True)
+        self.preferences_file.write_text(f'[General]\npreferences.v1="@ByteArray({record})"\n')
+
+    def preferences(self):
+        """The preferences on disk."""
+        found = re.search(r'^preferences\.v1="@ByteArray\((.*)\)"$', self.preferences_file.read_text(), re.MULTILINE)
+        return json.loads(found.group(1).replace('\\"', '"'))
+
+    @property
+    def preferences_file(self):
+        return self.config / "Orvane" / "Orvane.conf"
 
     def seed_default(self, key, value):
         """Adds one of the program's other small values beside the preferences."""
@@ -204,6 +212,12 @@ class Orvane(Program):
 
     def dashboard_shows(self):
         return self.find("Today", role="page tab") is not None
+
+    def open_settings(self):
+        """Shows the Dashboard's Settings page by way of the panel, without the pointer."""
+        self.wait_for_strip().press()
+        self.wait_for("Settings", role="push button").press()
+        self.wait_for("Your space, your way.", role="heading")
 
     def close_dashboard(self):
         """Closes the Dashboard as its window's frame does."""

@@ -74,6 +74,7 @@ ControlCase {
         root.make(switchKind, true);
         root.control.enabled = false;
         mouseClick(root.control);
+        root.control.Accessible.pressAction();
         compare(root.asked, []);
     }
 

@@ -18,7 +18,8 @@ T.AbstractButton {
 
     Accessible.role: Accessible.Button
     Accessible.name: root.label
-    Accessible.onPressAction: root.clicked()
+    // Assistive programs are not told what is disabled, and press it all the same.
+    Accessible.onPressAction: if (root.enabled) root.clicked()
     Keys.onReturnPressed: root.clicked()
     Keys.onEnterPressed: root.clicked()
 

@@ -4,8 +4,8 @@ import QtQuick
 import QtQuick.Templates as T
 import Orvane as Orvane
 
-/// One of several choices; pressing it opens the list of all of them.
-T.Control {
+/// One of several choices; pressing it opens the list of all of them, which lies in the window's layer.
+T.ComboBox {
     id: root
 
     required property Orvane.Theme theme
@@ -31,6 +31,7 @@ T.Control {
         list.open(root, byKeyboard);
     }
 
+    displayText: root.shown
     implicitWidth: Math.min(root.longest, Math.ceil(words.implicitWidth) + 44)
     implicitHeight: 32
     hoverEnabled: true
@@ -38,7 +39,7 @@ T.Control {
     Accessible.role: Accessible.ComboBox
     Accessible.name: root.label
     Accessible.description: root.shown
-    Accessible.onPressAction: root.open(true)
+    Accessible.onPressAction: if (root.enabled) root.open(true)
     Keys.onReturnPressed: root.open(true)
     Keys.onEnterPressed: root.open(true)
     Keys.onSpacePressed: root.open(true)

@@ -17,6 +17,8 @@ T.ScrollBar {
     leftPadding: 4
     minimumSize: root.height > 0 ? 24 / root.height : 0
     visible: root.size < 1
+    // Whoever cannot see the list has no use for it.
+    Accessible.ignored: true
     onWantedChanged: {
         if (root.wanted) {
             linger.stop();

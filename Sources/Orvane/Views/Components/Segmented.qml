@@ -29,7 +29,7 @@ FocusScope {
     Keys.onDownPressed: root.step(1)
 
     function choose(index: int): void {
-        if (index !== root.current && index >= 0 && index < root.choices.length)
+        if (root.enabled && index !== root.current && index >= 0 && index < root.choices.length)
             root.chosen(index);
     }
 

@@ -20,6 +20,8 @@ T.Slider {
     readonly property real maximumValue: root.to
 
     function ask(amount: real): void {
+        if (!root.enabled)
+            return;
         const steps = Math.round((amount - root.from) / root.stepSize);
         const wanted = Math.max(root.from, Math.min(root.from + steps * root.stepSize, root.to));
         if (wanted !== root.amount)

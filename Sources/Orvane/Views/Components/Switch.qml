@@ -18,8 +18,11 @@ T.CheckBox {
 
     readonly property bool active: root.hovered || root.down
 
-    /// Asks for the other state and stays as it is until then.
+    /// Asks for the other state and stays as it is until then. Assistive programs call it also while the
+    /// switch is disabled.
     function ask(): void {
+        if (!root.enabled)
+            return;
         root.checked = Qt.binding(() => root.on);
         root.switched(!root.on);
     }
