@@ -13,7 +13,7 @@ import unittest
 from pathlib import Path
 
 from accessible import Program
-from harness import SCREEN, Keyboard, Pointer, program_path, screenshot, spawn, wait_until
+from harness import SCREEN, Keyboard, Pointer, program_path, run, screenshot, spawn, wait_until
 
 SAVED = "Saved on this Mac"
 
@@ -214,9 +214,10 @@ class Orvane(Program):
         return self.find("Today", role="page tab") is not None
 
     def open_settings(self):
-        """Shows the Dashboard's Settings page by way of the panel, without the pointer."""
+        """Shows the Dashboard's Settings page without the pointer: by way of the panel, or of the Dashboard,
+        which shows in its place while the planner is still being opened."""
         self.wait_for_strip().press()
-        self.wait_for("Settings", role="push button").press()
+        self.wait_for("Settings").press()
         self.wait_for("Your space, your way.", role="heading")
 
     def close_dashboard(self):
@@ -253,6 +254,21 @@ class PlannerTest(unittest.TestCase):
         """Ends the program in an orderly way and starts it again in the same home."""
         self.assertEqual(0, program.terminate())
         return self.started(home=program.home)
+
+    def terminal(self):
+        """Another program's window that has the keyboard; its shell runs in the home's folder, which this
+        gives."""
+        process = spawn(["xterm", "-geometry", "60x10+100+600", "-e", "bash", "--norc"], cwd=self.home.folder)
+        self.addCleanup(process.wait)
+        self.addCleanup(process.terminate)
+        self.activate_terminal()
+        return self.home.folder
+
+    @staticmethod
+    def activate_terminal():
+        window = wait_until(lambda: run("xdotool", "search", "--onlyvisible", "--class", "xterm", check=False).split(),
+                            "the terminal's window")[0]
+        run("xdotool", "windowactivate", "--sync", window)
 
     def tearDown(self):
         outcome = self._outcome.result

@@ -4,21 +4,11 @@ import contextlib
 import ctypes
 from pathlib import Path
 
-from harness import Keyboard, Pointer, main, run, spawn, wait_until
+from harness import Keyboard, Pointer, main, run, wait_until
 from planner import PlannerTest
 
 
 class HotKey(PlannerTest):
-    def terminal(self):
-        """Another program's window that has the keyboard; gives a folder in which its shell runs."""
-        process = spawn(["xterm", "-geometry", "60x10+100+600", "-e", "bash", "--norc"], cwd=self.home.folder)
-        self.addCleanup(process.wait)
-        self.addCleanup(process.terminate)
-        window = wait_until(lambda: run("xdotool", "search", "--onlyvisible", "--class", "xterm", check=False).split(),
-                            "the terminal's window")[0]
-        run("xdotool", "windowactivate", "--sync", window)
-        return self.home.folder
-
     def test_it_opens_the_panel_from_another_window_with_the_keyboard_in_the_add_field(self):
         orvane = self.started()
         folder = self.terminal()

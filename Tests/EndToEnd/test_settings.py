@@ -74,6 +74,13 @@ class Settings(PlannerTest):
         self.assert_roles({"Default focus: 25 minutes": "spin button", "Export JSON backup…": "push button",
                            "Restore backup…": "push button"})
 
+    def test_the_panels_header_leads_to_the_page(self):
+        self.orvane.close_dashboard()
+        self.orvane.open()
+        self.orvane.click("Settings", role="push button")
+        self.orvane.wait_for("Your space, your way.", role="heading")
+        self.assertTrue(self.panel_closed())
+
     def test_without_opening_on_hover_only_the_hot_key_opens(self):
         self.toggle("Open workspace on hover")
         self.wait_kept(hoverEnabled=False)
@@ -84,10 +91,11 @@ class Settings(PlannerTest):
         self.orvane.add_field()
 
     def test_hovering_opens_nothing_while_the_page_is_on_show(self):
-        run("xdotool", "mousemove", "40", "900", "click", "1")  # the desktop takes the keyboard
+        self.terminal()
         self.orvane.hover()
         holds_for(self.panel_closed, 0.9, "hovering opens nothing")
-        self.orvane.close_dashboard()
+        self.orvane.click("Today", role="page tab")
+        self.activate_terminal()
         self.orvane.open()
 
     def test_hidden_cards_leave_the_panel_and_the_empty_panel_leads_back(self):
