@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 
 using planner::checkedAdd;
 using planner::checkedMultiply;
 using planner::checkedSubtract;
+using planner::checkedTruncation;
 
 namespace {
 constexpr auto least = std::numeric_limits<std::int64_t>::min();
@@ -27,4 +29,18 @@ TEST(CheckedDeathTest, AnOverflowEndsTheProgramNamingTheOperation) {
     EXPECT_DEATH(checkedSubtract(least, 1), "Integer overflow: -9223372036854775808 - 1");
     EXPECT_DEATH(checkedMultiply(most, 60), "Integer overflow: 9223372036854775807 \\* 60");
     EXPECT_DEATH(checkedMultiply(least, -1), "Integer overflow: -9223372036854775808 \\* -1");
+}
+
+TEST(Checked, CutsOffTowardsZeroUpToBothLimits) {
+    EXPECT_EQ(checkedTruncation(1.999), 1);
+    EXPECT_EQ(checkedTruncation(-1.999), -1);
+    EXPECT_EQ(checkedTruncation(-0.0), 0);
+    EXPECT_EQ(checkedTruncation(-0x1p63), least);
+    EXPECT_EQ(checkedTruncation(std::nextafter(0x1p63, 0.0)), most - 1023);
+}
+
+TEST(CheckedDeathTest, ANumberThatIsNo64BitIntegerEndsTheProgram) {
+    for (const auto number :
+         {0x1p63, std::nextafter(-0x1p63, -0x1p64), std::numeric_limits<double>::infinity(), std::nan("")})
+        EXPECT_DEATH(checkedTruncation(number), "No 64-bit integer: ") << number;
 }

@@ -32,4 +32,11 @@ std::int64_t checkedMultiply(std::int64_t left, std::int64_t right) {
     return result;
 }
 
+std::int64_t checkedTruncation(double value) {
+    // Both limits are powers of two and exact; the upper one is the first number beyond.
+    if (value >= -0x1p63 && value < 0x1p63) return std::int64_t(value);
+    std::fprintf(stderr, "No 64-bit integer: %g\n", value);
+    std::abort();
+}
+
 } // namespace planner

@@ -11,4 +11,7 @@ std::int64_t checkedAdd(std::int64_t left, std::int64_t right);
 std::int64_t checkedSubtract(std::int64_t left, std::int64_t right);
 std::int64_t checkedMultiply(std::int64_t left, std::int64_t right);
 
+/// `value` cut off towards zero; the program ends likewise when it is not finite or beyond 64 bits.
+std::int64_t checkedTruncation(double value);
+
 } // namespace planner
