@@ -27,6 +27,10 @@ AppModel::AppModel(Platform& platform, QObject* parent)
 
 AppModel::~AppModel() = default;
 
+Clock& AppModel::clock() const {
+    return platform_.clock;
+}
+
 void AppModel::setError(std::optional<QString> error) {
     if (error == error_) return;
     error_ = std::move(error);

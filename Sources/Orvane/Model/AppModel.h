@@ -23,6 +23,7 @@
 namespace orvane {
 
 class CalendarService;
+class Clock;
 class ReminderService;
 class UpdateService;
 struct Platform;
@@ -65,6 +66,8 @@ public:
     ~AppModel() override;
 
     const planner::PlannerSnapshot& snapshot() const { return snapshot_; }
+    /// The one source of time, for whoever reads the planner by days.
+    Clock& clock() const;
     bool ready() const { return ready_; }
     bool restoring() const { return restoring_; }
     /// Whether opening the planner failed and nothing is loaded.
