@@ -221,7 +221,8 @@ Scenes dashboards() {
 
 std::map<QString, Scene> scenes() {
     Scenes all;
-    for (auto* group : {strips, panels, lists, acts, footers, dashboards, focusScenes, settingsScenes})
+    for (auto* group :
+         {strips, panels, lists, acts, footers, dashboards, focusScenes, settingsScenes, insightsScenes})
         all.merge(group());
     return all;
 }

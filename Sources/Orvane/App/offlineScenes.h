@@ -28,5 +28,7 @@ std::map<QString, Scene> settingsScenes();
 std::map<QString, Scene> scenes();
 /// Those of the focus card.
 std::map<QString, Scene> focusScenes();
+/// Those of the Dashboard's pages Insights and History.
+std::map<QString, Scene> insightsScenes();
 
 } // namespace orvane::offline

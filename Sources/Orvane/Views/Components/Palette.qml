@@ -11,6 +11,8 @@ QtObject {
     readonly property color lilac: "#E3DEF5"
     readonly property color paper: "#F7EDCC"
     readonly property color accent: "#405E45"
+    /// Small text on sage, lilac and paper.
+    readonly property color caption: "#4A534C"
 
     /// The collapsed strip, which continues the display's black edge.
     readonly property color strip: "#000000"
@@ -46,6 +48,7 @@ QtObject {
         switchOff: "#39433B"
         switchHover: "#465148"
         knob: "#AEB8AC"
+        barPast: "#8B9A85"
         cardLine: root.clear
     }
 
@@ -78,6 +81,7 @@ QtObject {
         switchOff: "#39433B"
         switchHover: "#465148"
         knob: "#AEB8AC"
+        barPast: "#8B9A85"
         cardLine: root.clear
     }
 
@@ -110,6 +114,7 @@ QtObject {
         switchOff: "#7C867E"
         switchHover: "#6E7870"
         knob: "#FFFFFF"
+        barPast: "#7F9378"
         cardLine: "#E8E4D9"
     }
 }

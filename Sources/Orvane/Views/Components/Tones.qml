@@ -43,6 +43,8 @@ QtObject {
     required property color switchOff
     required property color switchHover
     required property color knob
+    /// A chart's bars before today.
+    required property color barPast
     /// The outline of a card; clear where the card's own colour sets it apart.
     required property color cardLine
 }

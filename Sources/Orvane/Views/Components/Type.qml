@@ -32,6 +32,10 @@ QtObject {
         size: 15
         line: 24
     }
+    readonly property TextStyle note: TextStyle {
+        size: 14
+        line: 22
+    }
     readonly property TextStyle body: TextStyle {
         size: 13
         line: 20
@@ -112,6 +116,30 @@ QtObject {
     readonly property TextStyle figureSmall: TextStyle {
         family: "Quicksand"
         size: 14
+        line: 20
+        weight: Font.Bold
+        ascent: 1
+        descent: 0.25
+    }
+    /// The letters over a month's columns.
+    readonly property TextStyle weekday: TextStyle {
+        size: 10
+        line: 16
+        weight: Font.DemiBold
+    }
+    /// The one number of a tile.
+    readonly property TextStyle tile: TextStyle {
+        family: "Quicksand"
+        size: 48
+        line: 56
+        weight: Font.Bold
+        ascent: 1
+        descent: 0.25
+    }
+    /// The number over a chart's bar.
+    readonly property TextStyle barValue: TextStyle {
+        family: "Quicksand"
+        size: 13
         line: 20
         weight: Font.Bold
         ascent: 1

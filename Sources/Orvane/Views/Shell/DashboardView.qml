@@ -30,6 +30,18 @@ FocusScope {
             view: "TodayPage.qml"
         },
         {
+            page: Orvane.NavigationModel.DashboardPage.insights,
+            text: qsTr("Insights"),
+            symbol: "chart.bar.xaxis",
+            view: "InsightsPage.qml"
+        },
+        {
+            page: Orvane.NavigationModel.DashboardPage.history,
+            text: qsTr("History"),
+            symbol: "clock.arrow.circlepath",
+            view: "HistoryPage.qml"
+        },
+        {
             page: Orvane.NavigationModel.DashboardPage.settings,
             text: qsTr("Settings"),
             symbol: "slider.horizontal.3",
