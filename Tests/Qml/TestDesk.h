@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Doubles/PastPlanner.h"
 #include "Integrations/ReminderService.h"
 #include "Model/NavigationModel.h"
 #include "Model/PanelState.h"
@@ -60,6 +61,44 @@ public:
         settle();
     }
 
+    /// A new desktop with an open planner that has a past: `tasks` of { title, daysAgo, hour } were
+    /// completed then, `sessions` of { title, daysAgo, hour, minutes, status } began then, and `notes` of
+    /// { text, daysAgo } were written.
+    Q_INVOKABLE void openPast(const QVariantMap& lists) {
+        begin({});
+        PastPlanner past(desk().clock);
+        const auto each = [&](const char* name, const auto& add) {
+            for (const auto& entry : lists.value(QLatin1String(name)).toList()) {
+                const auto map = entry.toMap();
+                add(map, map["daysAgo"].toInt(), map["hour"].toDouble());
+            }
+        };
+        each("tasks", [&](const QVariantMap& task, int daysAgo, double hour) {
+            past.complete(daysAgo, hour, task["title"].toString().toStdString());
+        });
+        each("sessions", [&](const QVariantMap& session, int daysAgo, double hour) {
+            past.focus(daysAgo, hour, session["title"].toString().toStdString(),
+                       session["minutes"].toDouble(),
+                       planner::focusStatus(session["status"].toString().toStdString())
+                           .value_or(planner::FocusStatus::finished));
+        });
+        each("notes", [&](const QVariantMap& note, int daysAgo, double) {
+            past.note(daysAgo, note["text"].toString().toStdString());
+        });
+        stage_->house.store(past.snapshot);
+        model()->load();
+        settle();
+    }
+    /// The key of the day `daysAgo` before today.
+    Q_INVOKABLE QString day(int daysAgo) const {
+        return QString::fromStdString(PastPlanner(desk().clock).day(daysAgo));
+    }
+    /// Lets so much time pass, with whatever happens at a midnight on the way.
+    Q_INVOKABLE void pass(double seconds) {
+        desk().clock.advance(seconds);
+        model()->followToday();
+        settle();
+    }
     /// Runs the store's jobs and whatever follows from them.
     Q_INVOKABLE void settle() { desk().settle(); }
     /// Opening the planner fails from now on, or works again.

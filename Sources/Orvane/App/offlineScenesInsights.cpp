@@ -1,5 +1,6 @@
 #include "App/offlineActs.h"
 #include "App/offlineScenes.h"
+#include "Doubles/PastPlanner.h"
 
 #include <array>
 
@@ -7,48 +8,17 @@ namespace orvane::offline {
 
 namespace {
 
-using planner::FocusMode;
-using planner::FocusSession;
-using planner::FocusStatus;
 using planner::PlannerSnapshot;
-using planner::PlannerTask;
+using test::PastPlanner;
 using Page = NavigationModel::DashboardPage;
 
-/// The hour of the day `daysAgo` before today.
-planner::Instant at(int daysAgo, double hour) {
-    const test::FakeClock clock;
-    return *clock.calendar().startOfDay(clock.now(), -daysAgo) + hour * 3600;
-}
-
-void complete(PlannerSnapshot& planner, int daysAgo, const std::string& title) {
-    PlannerTask task(planner::Uuid::random(), title, at(daysAgo, 8),
-                     static_cast<std::int64_t>(planner.tasks.size()));
-    task.completedAt = at(daysAgo, 9) + static_cast<double>(planner.tasks.size());
-    planner.tasks.push_back(std::move(task));
-}
-
-void focus(PlannerSnapshot& planner, int daysAgo, double hour, const std::string& title, double minutes,
-           FocusStatus status = FocusStatus::finished) {
-    FocusSession session(planner::Uuid::random(), title, FocusMode::stopwatch, 1500, at(daysAgo, hour));
-    session.status = status;
-    session.segments.push_back({at(daysAgo, hour), minutes * 60});
-    planner.sessions.push_back(std::move(session));
-}
-
-void note(PlannerSnapshot& planner, int daysAgo, const std::string& text) {
-    const test::FakeClock clock;
-    const auto day = *clock.calendar().day(at(daysAgo, 12));
-    const QDate date(day.year, int(day.month), int(day.day));
-    planner.notes.push_back({date.toString(Qt::ISODate).toStdString(), text, at(daysAgo, 12)});
-}
-
 PlannerSnapshot weekOf(const std::array<double, 7>& minutes, int tasks) {
-    PlannerSnapshot planner;
-    for (int index = 0; index < tasks; ++index) complete(planner, index % 7, "Task");
+    const test::FakeClock clock;
+    PastPlanner past(clock);
+    for (int index = 0; index < tasks; ++index) past.complete(index % 7, 1, "Task");
     for (int index = 0; index < 7; ++index)
-        if (minutes[std::size_t(index)] > 0)
-            focus(planner, 6 - index, 0.25, "Task", minutes[std::size_t(index)]);
-    return planner;
+        if (minutes[std::size_t(index)] > 0) past.focus(6 - index, 0.25, "Task", minutes[std::size_t(index)]);
+    return past.snapshot;
 }
 
 PlannerSnapshot ordinaryWeek() {
@@ -56,41 +26,45 @@ PlannerSnapshot ordinaryWeek() {
 }
 
 PlannerSnapshot extremeWeek() {
-    return weekOf({1440, 0.5, 1100, 0, 3, 720.9, 100}, 1234);
+    return weekOf({1420, 0.5, 1100, 0, 3, 720.9, 100}, 1234);
 }
 
 PlannerSnapshot ordinaryYesterday() {
-    auto planner = ordinaryDay();
+    const test::FakeClock clock;
+    PastPlanner past(clock);
+    past.snapshot = ordinaryDay();
+    double hour = 9;
     for (const auto* title :
          {"Print the folded samples", "Morning pages", "Call back Dr. Okafor", "Renew the parking permit"})
-        complete(planner, 1, title);
-    focus(planner, 1, 9, "Print the folded samples", 25);
-    focus(planner, 1, 11, "Draft the opening paragraph of the workshop talk", 45);
-    focus(planner, 1, 15, "Sort the photographs for the reading evening", 12.9, FocusStatus::paused);
-    note(planner, 1,
-         "Call with the printer went well. They can do the folded version in a week.\n\nSend the "
-         "measurements\n\nRemember how quiet the reading room is before nine.");
-    return planner;
+        past.complete(1, ++hour, title);
+    past.focus(1, 9, "Print the folded samples", 25);
+    past.focus(1, 11, "Draft the opening paragraph of the workshop talk", 45);
+    past.focus(1, 15, "Sort the photographs for the reading evening", 12.9, planner::FocusStatus::paused);
+    past.note(1, "Call with the printer went well. They can do the folded version in a week.\n\nSend the "
+                 "measurements\n\nRemember how quiet the reading room is before nine.");
+    return past.snapshot;
 }
 
 PlannerSnapshot longYesterday() {
-    PlannerSnapshot planner;
+    const test::FakeClock clock;
+    PastPlanner past(clock);
     for (const auto& task : longTitles().tasks) {
-        complete(planner, 1, task.title);
-        focus(planner, 1, 9, task.title, 1400);
+        past.complete(1, 12, task.title);
+        past.focus(1, 9, task.title, 1400);
     }
     std::string text;
     for (int line = 1; line <= 60; ++line)
         text += "Line " + std::to_string(line) + " of a note that says a little more than others do.\n";
-    note(planner, 1, text + "והשורה האחרונה");
-    return planner;
+    past.note(1, text + "והשורה האחרונה");
+    return past.snapshot;
 }
 
 PlannerSnapshot busyYesterday() {
-    PlannerSnapshot planner;
-    for (int index = 1; index <= 2000; ++index) complete(planner, 1, "Task " + std::to_string(index));
-    focus(planner, 1, 9, "Task 1", 25);
-    return planner;
+    const test::FakeClock clock;
+    PastPlanner past(clock);
+    for (int index = 1; index <= 2000; ++index) past.complete(1, 12, "Task " + std::to_string(index));
+    past.focus(1, 9, "Task 1", 25);
+    return past.snapshot;
 }
 
 auto onPage(Page page, const char* appearance) {
@@ -110,11 +84,8 @@ auto sized(int width, int height) {
 }
 
 void showYesterday(Stage& stage) {
-    const test::FakeClock clock;
-    const auto day = *clock.calendar().day(at(1, 12));
-    QMetaObject::invokeMethod(
-        stage.find("dateButton"), "picked",
-        Q_ARG(QString, QDate(day.year, int(day.month), int(day.day)).toString(Qt::ISODate)));
+    const auto day = QString::fromStdString(PastPlanner(stage.desk.clock).day(1));
+    QMetaObject::invokeMethod(stage.find("dateButton"), "picked", Q_ARG(QString, day));
     wait(50);
 }
 

@@ -132,7 +132,7 @@ FocusScope {
         label: qsTr("Previous month")
         enabled: root.monthStart > root.leastNumber
         KeyNavigation.tab: next
-        KeyNavigation.backtab: grid
+        Keys.onBacktabPressed: root.focusDay(Qt.BacktabFocusReason)
         onClicked: root.showMonth(-1)
     }
     Orvane.IconButton {
@@ -143,8 +143,13 @@ FocusScope {
         symbol: "chevron.right"
         symbolSize: 14
         label: qsTr("Next month")
-        KeyNavigation.tab: grid
-        KeyNavigation.backtab: previous.enabled ? previous : grid
+        Keys.onTabPressed: root.focusDay(Qt.TabFocusReason)
+        Keys.onBacktabPressed: {
+            if (previous.enabled)
+                previous.forceActiveFocus(Qt.BacktabFocusReason);
+            else
+                root.focusDay(Qt.BacktabFocusReason);
+        }
         onClicked: root.showMonth(1)
     }
     Repeater {
@@ -201,7 +206,6 @@ FocusScope {
                 enabled: day.ofMonth >= 1 && day.ofMonth <= root.monthLength && day.number >= root.leastNumber
                 chosen: day.number === root.number(root.chosen)
                 today: day.number === root.number(root.today)
-                focus: day.number === root.cursor
                 focusPolicy: day.number === root.cursor ? Qt.TabFocus : Qt.NoFocus
                 onClicked: root.pick(day.number)
             }

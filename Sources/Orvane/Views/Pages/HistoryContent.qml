@@ -78,7 +78,7 @@ FocusScope {
         x: 24
         y: band.visible ? band.y + band.height + 20 : 108
         width: root.narrow ? root.width - 2 * x : root.width - 2 * x - 440
-        height: root.height - y - 24
+        height: root.height - y
         theme: root.theme
         model: root.model
         history: history
@@ -94,6 +94,6 @@ FocusScope {
         visible: !root.narrow
         theme: root.theme
         text: root.narrow ? "" : history.note
-        room: list.height
+        room: list.height - 24
     }
 }

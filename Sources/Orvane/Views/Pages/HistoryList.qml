@@ -144,7 +144,7 @@ FocusScope {
             }
         }
         // Scrolls with the rows. (A footer would be it, but Qt 6.4 cannot make a bound one.)
-        bottomMargin: root.noteBelow ? note.height + 24 : 0
+        bottomMargin: root.noteBelow ? note.height + 48 : 24
         Orvane.PastNote {
             id: note
             objectName: "noteBelow"

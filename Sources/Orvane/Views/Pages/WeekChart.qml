@@ -18,8 +18,10 @@ FocusScope {
     property int current: root.days.length - 1
 
     function choose(day: int): void {
-        root.current = Math.max(0, Math.min(day, root.days.length - 1));
-        bars.itemAt(root.current)?.forceActiveFocus(Qt.TabFocusReason);
+        const wanted = Math.max(0, Math.min(day, root.days.length - 1));
+        // Before it is the current one, which would give it the keyboard without the reason for the ring.
+        bars.itemAt(wanted)?.forceActiveFocus(Qt.TabFocusReason);
+        root.current = wanted;
     }
 
     Keys.onLeftPressed: root.choose(root.current - 1)
