@@ -47,8 +47,10 @@ TestCase {
 
     function all(from: Item, wanted: var): var {
         let found = [];
-        for (const child of from.children)
+        for (let i = 0; i < from.children.length; ++i) {
+            const child = from.children[i];
             found = found.concat(wanted(child) ? [child] : root.all(child, wanted));
+        }
         return found;
     }
 

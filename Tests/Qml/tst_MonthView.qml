@@ -75,7 +75,7 @@ TestCase {
         return [
             { tag: "Sunday", first: 0, column: 0, row: 3 },
             { tag: "Monday", first: 1, column: 6, row: 2 },
-            { tag: "Saturday", first: 6, column: 1, row: 3 }
+            { tag: "Saturday", first: 6, column: 1, row: 2 }
         ];
     }
     function test_weeks_begin_as_the_calendar_says(data: var): void {

@@ -17,9 +17,10 @@ Orvane.BaseButton {
     implicitWidth: 12 + 16 + 8 + 8 + Math.ceil(words.implicitWidth) + 8 + 16 + 8
     implicitHeight: 32
     onClicked: {
+        const byKeyboard = root.visualFocus;
         month.reset();
-        popover.open(root, root.visualFocus);
-        month.focusDay(root.visualFocus ? Qt.TabFocusReason : Qt.PopupFocusReason);
+        popover.open(root, byKeyboard);
+        month.focusDay(byKeyboard ? Qt.TabFocusReason : Qt.PopupFocusReason);
     }
 
     background: Rectangle {

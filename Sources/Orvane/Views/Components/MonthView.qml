@@ -107,7 +107,11 @@ FocusScope {
         else if (key === Qt.Key_PageUp || key === Qt.Key_PageDown) {
             root.showMonth(key === Qt.Key_PageUp ? -1 : 1);
             root.focusDay(Qt.TabFocusReason);
-        } else
+        } else if (key === Qt.Key_Tab)
+            (previous.enabled ? previous : next).forceActiveFocus(Qt.TabFocusReason);
+        else if (key === Qt.Key_Backtab)
+            next.forceActiveFocus(Qt.BacktabFocusReason);
+        else
             return false;
         return true;
     }
@@ -131,7 +135,7 @@ FocusScope {
         symbolSize: 14
         label: qsTr("Previous month")
         enabled: root.monthStart > root.leastNumber
-        KeyNavigation.tab: next
+        Keys.onTabPressed: next.forceActiveFocus(Qt.TabFocusReason)
         Keys.onBacktabPressed: root.focusDay(Qt.BacktabFocusReason)
         onClicked: root.showMonth(-1)
     }
@@ -177,8 +181,6 @@ FocusScope {
         focus: true
         Accessible.role: Accessible.List
         Accessible.name: qsTr("%1 %2").arg(Qt.locale().standaloneMonthName(root.month.month, Locale.LongFormat)).arg(root.month.year)
-        KeyNavigation.tab: previous.enabled ? previous : next
-        KeyNavigation.backtab: next
 
         function columnX(column: int): real {
             return Math.round(column * (root.width - 32) / 6);
@@ -206,7 +208,7 @@ FocusScope {
                 enabled: day.ofMonth >= 1 && day.ofMonth <= root.monthLength && day.number >= root.leastNumber
                 chosen: day.number === root.number(root.chosen)
                 today: day.number === root.number(root.today)
-                focusPolicy: day.number === root.cursor ? Qt.TabFocus : Qt.NoFocus
+                focusPolicy: day.number === root.cursor || day.activeFocus ? Qt.TabFocus : Qt.NoFocus
                 onClicked: root.pick(day.number)
             }
         }

@@ -143,7 +143,7 @@ FocusScope {
                 today: bar.day?.today ?? false
                 barHeight: bar.day?.minutes > 0 ? Math.max(2, plot.heightOf(bar.day.minutes)) : 0
                 focus: bar.index === root.current
-                focusPolicy: bar.index === root.current ? Qt.TabFocus : Qt.NoFocus
+                focusPolicy: bar.index === root.current || bar.activeFocus ? Qt.TabFocus : Qt.NoFocus
             }
         }
     }
