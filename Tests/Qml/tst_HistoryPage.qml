@@ -24,42 +24,16 @@ TestCase {
 
     readonly property var ordinary: ({
             tasks: [
-                {
-                    title: "Evening",
-                    daysAgo: 1,
-                    hour: 18
-                },
-                {
-                    title: "Morning",
-                    daysAgo: 1,
-                    hour: 9
-                },
-                {
-                    title: "Today",
-                    daysAgo: 0,
-                    hour: 1
-                }
+                { title: "Evening", daysAgo: 1, hour: 18 },
+                { title: "Morning", daysAgo: 1, hour: 9 },
+                { title: "Today", daysAgo: 0, hour: 1 }
             ],
             sessions: [
-                {
-                    title: "Read",
-                    daysAgo: 1,
-                    hour: 9,
-                    minutes: 25.9
-                },
-                {
-                    title: "Write",
-                    daysAgo: 1,
-                    hour: 23.5,
-                    minutes: 61,
-                    status: "paused"
-                }
+                { title: "Read", daysAgo: 1, hour: 9, minutes: 25.9 },
+                { title: "Write", daysAgo: 1, hour: 23.5, minutes: 61, status: "paused" }
             ],
             notes: [
-                {
-                    text: "Call the printer",
-                    daysAgo: 1
-                }
+                { text: "Call the printer", daysAgo: 1 }
             ]
         })
 
@@ -160,11 +134,7 @@ TestCase {
     function test_the_keyboard_returns_to_the_date_when_the_last_row_is_reopened(): void {
         root.show({
             tasks: [
-                {
-                    title: "Only",
-                    daysAgo: 0,
-                    hour: 1
-                }
+                { title: "Only", daysAgo: 0, hour: 1 }
             ]
         }, 0);
         root.item("dateButton").forceActiveFocus(Qt.TabFocusReason);
@@ -186,11 +156,7 @@ TestCase {
     function test_two_thousand_tasks_are_only_made_as_they_come_into_view(): void {
         const tasks = [];
         for (let i = 1; i <= 2000; ++i)
-            tasks.push({
-                title: "Task " + i,
-                daysAgo: 1,
-                hour: 12
-            });
+            tasks.push({ title: "Task " + i, daysAgo: 1, hour: 12 });
         root.show({
             tasks: tasks
         }, 1);
@@ -234,10 +200,7 @@ TestCase {
     function test_a_long_note_scrolls_in_its_sheet(): void {
         root.show({
             notes: [
-                {
-                    text: "A line\n".repeat(100),
-                    daysAgo: 1
-                }
+                { text: "A line\n".repeat(100), daysAgo: 1 }
             ]
         }, 1);
         const note = root.item("noteBeside");

@@ -186,8 +186,6 @@ FocusScope {
             return Math.round(column * (root.width - 32) / 6);
         }
 
-        Keys.onPressed: event => event.accepted = root.dayKey(event.key)
-
         Repeater {
             id: days
             // As many as any month needs: they stay while months change.
@@ -210,6 +208,8 @@ FocusScope {
                 today: day.number === root.number(root.today)
                 focusPolicy: day.number === root.cursor || day.activeFocus ? Qt.TabFocus : Qt.NoFocus
                 onClicked: root.pick(day.number)
+                // Here and not further up, where the Tab key would already have left.
+                Keys.onPressed: event => event.accepted = root.dayKey(event.key)
             }
         }
     }
