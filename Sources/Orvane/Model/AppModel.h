@@ -177,7 +177,7 @@ public:
     Q_INVOKABLE void enableReminders();
 
     /// Midnight passed, the machine woke or the time zone changed: the note of what was today becomes that
-    /// of the new today, unless it is being edited.
+    /// of the new today, unless it is being edited. Any other note keeps its day, also in another zone.
     void followToday();
 
     // Panel commands: callbacks that the window coordinator sets; calling an unset one does nothing.
@@ -210,6 +210,8 @@ signals:
     void snapshotChanged();
     /// Another day's note is being edited.
     void noteDayChanged();
+    /// One of its editors gave the note being edited a new text; the others show it, too.
+    void noteEdited();
     /// The note being edited has another text than its editor gave: the planner was replaced, or a text was
     /// refused.
     void noteReplaced();
@@ -234,6 +236,7 @@ private:
     void announceTimeUp(const planner::FocusSession& session);
     std::size_t notePosition(const std::string& day) const;
     std::string dayKey(planner::Instant instant) const;
+    void keepNoteDay();
     void setStartingFocus(bool starting);
     void askForNotifications(std::function<void()> done);
     void startFocus(const planner::Uuid& taskId, planner::FocusMode mode, std::int64_t minutes);
@@ -258,6 +261,8 @@ private:
     std::optional<QString> notice_;
     int focusRequest_ = 0;
     planner::Instant noteDate_;
+    /// The key of that day. Kept, since another time zone would read another day from the same instant.
+    std::string noteKey_;
     /// What today was when last looked at.
     std::string today_;
     /// The note's save that waits for a pause in typing.

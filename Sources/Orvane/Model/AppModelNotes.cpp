@@ -32,16 +32,15 @@ std::size_t AppModel::notePosition(const std::string& day) const {
 }
 
 QString AppModel::noteDay() const {
-    return QString::fromStdString(dayKey(noteDate_));
+    return QString::fromStdString(noteKey_);
 }
 
 QDate AppModel::noteCalendarDate() const {
-    const auto day = platform_.clock.calendar().day(noteDate_);
-    return day ? QDate(day->year, int(day->month), int(day->day)) : QDate();
+    return QDate::fromString(noteDay(), Qt::ISODate);
 }
 
 QString AppModel::noteText() const {
-    const auto position = notePosition(dayKey(noteDate_));
+    const auto position = notePosition(noteKey_);
     return position < snapshot_.notes.size() ? QString::fromStdString(snapshot_.notes[position].text)
                                              : QString();
 }
@@ -54,13 +53,14 @@ void AppModel::updateNote(const QString& text) {
         emit noteReplaced();
         return;
     }
-    DailyNote note(dayKey(noteDate_), std::move(bytes), platform_.clock.now());
+    DailyNote note(noteKey_, std::move(bytes), platform_.clock.now());
     const auto position = notePosition(note.id);
     if (position < snapshot_.notes.size())
         snapshot_.notes.replace(position, std::move(note));
     else
         snapshot_.notes.push_back(std::move(note));
     emit snapshotChanged();
+    emit noteEdited();
     setSaveState(tr("Saving…"));
     noteSave_ = platform_.clock.after(typingPause, [this] {
         // The timer is the handle of the pending save, which ends here.
@@ -72,13 +72,18 @@ void AppModel::updateNote(const QString& text) {
 void AppModel::selectNoteDay(Instant date) {
     noteSave_.reset();
     persist();
-    const auto before = noteDay();
     noteDate_ = date;
-    if (noteDay() != before) emit noteDayChanged();
+    const auto before = std::exchange(noteKey_, dayKey(date));
+    if (noteKey_ != before) emit noteDayChanged();
 }
 
 void AppModel::selectNoteDayBy(int days) {
-    if (const auto date = platform_.clock.calendar().startOfDay(noteDate_, days)) selectNoteDay(*date);
+    keepNoteDay();
+    const auto calendar = platform_.clock.calendar();
+    auto date = calendar.startOfDay(noteDate_, days);
+    // A date that the zone left out begins on the next one; backwards, that would be the same day again.
+    if (days < 0 && date && dayKey(*date) == noteKey_) date = calendar.startOfDay(noteDate_, days - 1);
+    if (date) selectNoteDay(*date);
 }
 
 void AppModel::setEditingNote(bool editing) {
@@ -87,12 +92,25 @@ void AppModel::setEditingNote(bool editing) {
     emit editingNoteChanged();
 }
 
+void AppModel::keepNoteDay() {
+    if (dayKey(noteDate_) == noteKey_) return;
+    // Zones lie at most 26 hours apart.
+    for (const int days : {-2, -1, 1, 2})
+        if (const auto date = platform_.clock.calendar().startOfDay(noteDate_, days);
+            date && dayKey(*date) == noteKey_) {
+            noteDate_ = *date;
+            return;
+        }
+}
+
 void AppModel::followToday() {
     const auto now = platform_.clock.now();
     const auto before = std::exchange(today_, dayKey(now));
-    if (before == today_) return;
-    if (dayKey(noteDate_) == before && !editingNote_ && !noteSave_) selectNoteDay(now);
-    emit todayChanged();
+    if (before != today_ && noteKey_ == before && !editingNote_ && !noteSave_)
+        selectNoteDay(now);
+    else
+        keepNoteDay();
+    if (before != today_) emit todayChanged();
 }
 
 } // namespace orvane
