@@ -221,8 +221,8 @@ Scenes dashboards() {
 
 std::map<QString, Scene> scenes() {
     Scenes all;
-    for (auto* group :
-         {strips, panels, lists, acts, footers, dashboards, focusScenes, settingsScenes, insightsScenes})
+    for (auto* group : {strips, panels, lists, acts, footers, dashboards, focusScenes, settingsScenes,
+                        insightsScenes, noteScenes})
         all.merge(group());
     return all;
 }

@@ -24,6 +24,8 @@ struct Scene {
 
 /// Those of the Dashboard's Settings page.
 std::map<QString, Scene> settingsScenes();
+/// The states of the notes card.
+std::map<QString, Scene> noteScenes();
 /// Every state by its name.
 std::map<QString, Scene> scenes();
 /// Those of the focus card.

@@ -86,7 +86,7 @@ QList<WorkspaceCard> allWorkspaceCards() {
 }
 
 QList<WorkspaceCard> builtWorkspaceCards() {
-    return {WorkspaceCard::tasks, WorkspaceCard::focus};
+    return {WorkspaceCard::tasks, WorkspaceCard::focus, WorkspaceCard::notes};
 }
 
 QString rawValue(WorkspaceCard card) {

@@ -24,29 +24,9 @@ TextInput {
     Accessible.name: root.label
     Accessible.editable: true
 
-    cursorDelegate: Rectangle {
-        id: caret
-        width: 2
-        color: root.theme.tones.lilac
-        visible: root.cursorVisible
-
-        SequentialAnimation on opacity {
-            running: root.cursorVisible && !root.theme.reduceMotion && Qt.styleHints.cursorFlashTime > 0
-            loops: Animation.Infinite
-            onRunningChanged: caret.opacity = 1
-            PropertyAction {
-                value: 1
-            }
-            PauseAnimation {
-                duration: Qt.styleHints.cursorFlashTime / 2
-            }
-            PropertyAction {
-                value: 0
-            }
-            PauseAnimation {
-                duration: Qt.styleHints.cursorFlashTime / 2
-            }
-        }
+    cursorDelegate: Orvane.Caret {
+        theme: root.theme
+        shown: root.cursorVisible
     }
 
     Orvane.Label {

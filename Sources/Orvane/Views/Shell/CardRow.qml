@@ -15,7 +15,8 @@ FocusScope {
 
     readonly property var kinds: ({
             tasks: "TasksCard.qml",
-            focus: "FocusCard.qml"
+            focus: "FocusCard.qml",
+            notes: "NotesCard.qml"
         })
     readonly property var names: root.model.settings.visibleCards
 
