@@ -6,9 +6,15 @@
 #include "Model/PanelState.h"
 #include "Orvane/ModelFixture.h"
 
+#include <QClipboard>
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QMimeData>
 #include <QObject>
 #include <QQuickItem>
 #include <QStringList>
+#include <QVariant>
 #include <QVariantMap>
 
 #include <functional>
@@ -144,6 +150,23 @@ public:
         preferences.hiddenCards = allWorkspaceCards();
         model()->settings()->setPreferences(preferences);
     }
+    /// Leaves one kind of card.
+    Q_INVOKABLE void showOnly(const QString& card) {
+        auto preferences = model()->settings()->preferences();
+        preferences.hiddenCards = allWorkspaceCards();
+        preferences.hiddenCards.removeIf([&](WorkspaceCard other) { return rawValue(other) == card; });
+        model()->settings()->setPreferences(preferences);
+    }
+    Q_INVOKABLE void setCardWidth(int width) {
+        auto preferences = model()->settings()->preferences();
+        preferences.cardWidth = width;
+        model()->settings()->setPreferences(preferences);
+    }
+    /// Lets time pass, and whatever happens meanwhile happen.
+    Q_INVOKABLE void pass(double seconds) {
+        desk().clock.advance(seconds);
+        settle();
+    }
     Q_INVOKABLE void setAppearance(const QString& appearance) {
         auto preferences = model()->settings()->preferences();
         preferences.appearance = appearance;
@@ -204,6 +227,26 @@ public:
             if (task.title == title.toStdString()) return QString::fromStdString(task.id.text());
         return {};
     }
+    /// The text of a day's note in the store; nothing where there is none.
+    Q_INVOKABLE QVariant storedNote(const QString& day) const {
+        for (const auto& note : stage_->house.stored().notes)
+            if (note.id == day.toStdString()) return QString::fromStdString(note.text);
+        return {};
+    }
+    /// An input method's doing in front of `item`: what it shows, and what it gives for good.
+    Q_INVOKABLE void compose(QQuickItem* item, const QString& unfinished, const QString& finished) const {
+        QInputMethodEvent event(unfinished, {});
+        event.setCommitString(finished);
+        QCoreApplication::sendEvent(item, &event);
+    }
+    /// Puts a text into the clipboard, and the same in bold.
+    Q_INVOKABLE void copy(const QString& text) const {
+        auto* data = new QMimeData;
+        data->setText(text);
+        data->setHtml(QStringLiteral("<b>%1</b>").arg(text));
+        QGuiApplication::clipboard()->setMimeData(data);
+    }
+    Q_INVOKABLE QString copied() const { return QGuiApplication::clipboard()->text(); }
 
 signals:
     void changed();

@@ -1,8 +1,10 @@
 #include "App/AppDelegate.h"
 
 #include "Integrations/CalendarService.h"
+#include "Integrations/ReminderService.h"
 #include "Model/AppModel.h"
 #include "Platform/Alerts.h"
+#include "Platform/Clock.h"
 #include "Platform/Platform.h"
 #include "Platform/SystemEvents.h"
 #include "Windows/WindowCoordinator.h"
@@ -12,12 +14,16 @@
 #include <QPointer>
 #include <QWindow>
 
+#include <algorithm>
 #include <utility>
 
 namespace orvane {
 namespace {
 
 enum Answer { keepOpen = 0, quitWithoutSaving = 1 };
+
+/// The least time to wait for midnight: a clock that is slow by a little does not keep the program busy.
+constexpr double leastWait = 1.0;
 
 } // namespace
 
@@ -27,11 +33,39 @@ AppDelegate::AppDelegate(Platform& platform, AppModel& model, WindowCoordinator&
     connect(&platform_.systemEvents, &SystemEvents::quitRequested, this, &AppDelegate::quit);
 }
 
+AppDelegate::~AppDelegate() = default;
+
 void AppDelegate::launch() {
     model_.load([self = QPointer(this)] {
-        if (self && self->model_.storageFailed())
-            self->windows_.showDashboard(NavigationModel::DashboardPage::today);
+        if (!self) return;
+        self->scheduleMidnight();
+        if (self->model_.storageFailed()) self->windows_.showDashboard(NavigationModel::DashboardPage::today);
     });
+}
+
+void AppDelegate::scheduleMidnight() {
+    midnight_.reset();
+    const auto now = platform_.clock.now();
+    const auto calendar = platform_.clock.calendar();
+    const auto today = calendar.day(now);
+    const auto next = calendar.startOfDay(now, 1);
+    if (!today || !next) return;
+    midnight_ = platform_.clock.after(std::max(next->seconds - now.seconds, leastWait),
+                                      [this, day = *today] { reachMidnight(day); });
+}
+
+void AppDelegate::reachMidnight(planner::CivilDay day) {
+    const auto today = platform_.clock.calendar().day(platform_.clock.now());
+    // Not where the clock was set back meanwhile.
+    if (today && *today > day) {
+        model_.calendar()->refresh();
+        model_.followToday();
+        if (model_.ready()) {
+            model_.reminders()->reconcile(model_.snapshot().tasks);
+            model_.setNotice(tr("A new day is here. Your unfinished tasks are still with you."));
+        }
+    }
+    scheduleMidnight();
 }
 
 void AppDelegate::reopen() {
@@ -67,6 +101,7 @@ void AppDelegate::askWhetherToLose() {
 }
 
 void AppDelegate::end() {
+    midnight_.reset();
     windows_.stop();
     model_.calendar()->stop();
     terminate_();

@@ -56,9 +56,7 @@ void takeKeyboard(Stage& stage) {
     wait(50);
 }
 
-} // namespace
-
-std::map<QString, Scene> noteScenes() {
+std::map<QString, Scene> states() {
     return {{"notes-empty", {Window::panel, ordinaryDay}},
             {"notes-text", {Window::panel, ordinaryDay, idle, ordinary}},
             {"notes-writing", {Window::panel, ordinaryDay, idle, ordinary, takeKeyboard}},
@@ -93,8 +91,11 @@ std::map<QString, Scene> noteScenes() {
               [](Stage& s) {
                   s.size = {650, 400};
               },
-              ordinary}},
-            {"notes-yesterday",
+              ordinary}}};
+}
+
+std::map<QString, Scene> acts() {
+    return {{"notes-yesterday",
              {Window::panel, ordinaryDay, idle, ordinary,
               [](Stage& s) {
                   const auto* previous = s.find("previousNote");
@@ -125,6 +126,14 @@ std::map<QString, Scene> noteScenes() {
                                 ordinary(s);
                                 appearance(s, "dark");
                             }}}};
+}
+
+} // namespace
+
+std::map<QString, Scene> noteScenes() {
+    auto all = states();
+    all.merge(acts());
+    return all;
 }
 
 } // namespace orvane::offline

@@ -149,6 +149,7 @@ FocusScope {
         onMoved: distance => flick.contentY += distance
     }
     Orvane.Label {
+        objectName: "notePlaceholder"
         x: root.inset
         y: 8
         width: paper.width

@@ -128,6 +128,7 @@ Orvane.Card {
         color: root.theme.tones.line
     }
     Orvane.Symbol {
+        objectName: "hintSymbol"
         x: Orvane.Metrics.cardInset
         y: hint.y + 1
         visible: !root.narrow
@@ -137,6 +138,7 @@ Orvane.Card {
     }
     Orvane.Label {
         id: hint
+        objectName: "taskHint"
         x: Orvane.Metrics.cardInset + (root.narrow ? 0 : 22)
         y: foot.y + 14
         kind: Orvane.Type.small
