@@ -110,6 +110,18 @@ private slots:
         QCOMPARE(house.saves(), before + 1);
     }
 
+    void aSaveThatEndsWhileAKeyWaitsDoesNotSaySaved() {
+        Notes house;
+        house.add(QStringLiteral("Tea"));
+        house.model->updateNote(QStringLiteral("a"));
+        house.platform.settle();
+        QCOMPARE(house.model->lastSavedRevision(), 1);
+        QCOMPARE(house.model->saveState(), QString::fromUtf8("Saving…"));
+        house.pass(0.5);
+        QCOMPARE(house.model->saveState(), QStringLiteral("Saved on this Mac"));
+        QCOMPARE(house.stored("2026-03-09"), std::string("a"));
+    }
+
     void aKeyAfterThePauseIsSavedAgain() {
         Notes house;
         house.model->updateNote(QStringLiteral("a"));

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <map>
 #include <random>
 
 using namespace orvane;
@@ -13,6 +14,8 @@ using namespace orvane::test;
 using planner::PlannerTask;
 using planner::Uuid;
 using List = std::vector<PlannerTask>;
+/// By their days.
+using Notes = std::map<std::string, planner::DailyNote>;
 
 namespace {
 
@@ -23,13 +26,21 @@ struct Reference {
     struct Save {
         std::int64_t revision;
         List tasks;
+        Notes notes;
         int flushes = 0;
     };
 
     List tasks;
+    Notes notes;
+    std::string day;
+    /// Whether a note waits for a pause in typing.
+    bool typing = false;
+    /// Seconds since the last key.
+    double quiet = 0;
     std::optional<PlannerTask> deleted;
     /// What the store holds.
     List stored;
+    Notes storedNotes;
     std::int64_t revision = 0;
     std::int64_t lastSaved = 0;
     QString state = QStringLiteral("Saved on this Mac");
@@ -45,8 +56,20 @@ struct Reference {
     }
 
     void persist() {
-        saves.push_back({++revision, tasks, 0});
+        saves.push_back({++revision, tasks, notes, 0});
         state = QStringLiteral("Saving…");
+    }
+
+    void pass(double seconds) {
+        quiet += seconds;
+        if (quiet > 0.4 && std::exchange(typing, false)) persist();
+    }
+
+    void write(const std::string& text, planner::Instant now) {
+        notes.insert_or_assign(day, planner::DailyNote(day, text, now));
+        state = QStringLiteral("Saving…");
+        typing = true;
+        quiet = 0;
     }
 
     void add(const Uuid& id, std::string title, planner::Instant now) {
@@ -90,10 +113,13 @@ struct Reference {
     /// The oldest save reaches the store, which takes it unless it must write and cannot. What is there
     /// already needs no writing, but a store that looks again at a broken disk may fail all the same.
     void write(bool broken) {
-        const bool unchanged = byId(saves.front().tasks) == byId(stored);
+        const bool unchanged =
+            byId(saves.front().tasks) == byId(stored) && saves.front().notes == storedNotes;
         eitherWay = broken && unchanged;
         outcome = !broken || unchanged;
-        if (*outcome) stored = saves.front().tasks;
+        if (!*outcome) return;
+        stored = saves.front().tasks;
+        storedNotes = saves.front().notes;
     }
 
     /// The model hears how the oldest save went.
@@ -104,7 +130,7 @@ struct Reference {
             state = QStringLiteral("Not saved");
         else {
             lastSaved = save.revision;
-            if (revision == save.revision) state = QStringLiteral("Saved on this Mac");
+            if (revision == save.revision && !typing) state = QStringLiteral("Saved on this Mac");
         }
         outcome.reset();
         flushAnswers.insert(flushAnswers.end(), std::size_t(save.flushes), lastSaved == revision);
@@ -126,6 +152,13 @@ struct Reference {
     }
 };
 
+Notes asNotes(const planner::RecordList<planner::DailyNote>& notes) {
+    Notes all;
+    for (const auto& note : notes)
+        if (!all.emplace(note.id, note).second) qFatal("a day has two notes");
+    return all;
+}
+
 List asList(const planner::RecordList<PlannerTask>& tasks) {
     return {tasks.begin(), tasks.end()};
 }
@@ -135,12 +168,15 @@ class Comparison {
 public:
     explicit Comparison(unsigned seed) : random_(seed) {
         house_.load();
+        reference_.day = house_.model->noteDay().toStdString();
         reader_ = std::make_unique<planner::PlannerRepository>(house_.folder());
     }
 
     /// One command, and some progress of the saves. Says wherein the two differ, nothing when they agree.
     QString step() {
-        house_.platform.clock.advance(1);
+        const double seconds = below(4) == 0 ? 1 : 0.11;
+        house_.platform.clock.advance(seconds);
+        reference_.pass(seconds);
         command();
         if (below(200) == 0) breakOrMend();
         const auto most = reference_.saves.size() > 20 ? 40u : below(4);
@@ -153,11 +189,13 @@ public:
     bool end() {
         house_.disk.heal();
         broken_ = false;
-        house_.model->persist();
+        house_.model->flush([](bool) {});
+        reference_.typing = false;
         reference_.persist();
         while (!reference_.saves.empty()) progress();
         return difference().isEmpty() && reference_.state == QStringLiteral("Saved on this Mac") &&
-               storeAgrees() && reference_.stored == reference_.tasks;
+               storeAgrees() && reference_.stored == reference_.tasks &&
+               reference_.storedNotes == reference_.notes;
     }
 
     std::size_t failures() const { return failures_; }
@@ -174,6 +212,7 @@ private:
         auto& model = *house_.model;
         const auto now = house_.platform.clock.now();
         const auto id = anyTask();
+        if (below(4) == 0) return note();
         switch (below(reference_.tasks.size() > 40 ? 10 : 13)) {
         case 0:
             if (const auto found = reference_.find(id); found != reference_.tasks.end()) {
@@ -213,6 +252,7 @@ private:
             reference_.persist();
             return model.persist();
         case 8:
+            reference_.typing = false;
             reference_.persist();
             ++reference_.saves.back().flushes;
             return model.flush([this](bool everything) { flushAnswers_.push_back(everything); });
@@ -225,6 +265,20 @@ private:
                 reference_.add(*added, title, now);
         }
         }
+    }
+
+    void note() {
+        auto& model = *house_.model;
+        if (below(8) > 0) {
+            const auto now = house_.platform.clock.now();
+            const auto text = "Noted " + std::to_string(now.seconds);
+            reference_.write(text, now);
+            return model.updateNote(QString::fromStdString(text));
+        }
+        reference_.typing = false;
+        reference_.persist();
+        model.selectNoteDayBy(int(below(5)) - 2);
+        reference_.day = model.noteDay().toStdString();
     }
 
     void breakOrMend() {
@@ -269,17 +323,25 @@ private:
         house_.renew();
         house_.load();
         const auto stored = Reference::sorted(reference_.stored);
+        const auto notes = reference_.storedNotes;
         reference_ = {};
+        reference_.notes = reference_.storedNotes = notes;
+        reference_.day = house_.model->noteDay().toStdString();
         reference_.tasks = reference_.stored = stored;
         flushAnswers_.clear();
     }
 
-    bool storeAgrees() { return asList(reader_->load().tasks) == Reference::sorted(reference_.stored); }
+    bool storeAgrees() {
+        const auto found = reader_->load();
+        return asList(found.tasks) == Reference::sorted(reference_.stored) &&
+               asNotes(found.notes) == reference_.storedNotes;
+    }
 
     QString difference() {
         const auto& model = *house_.model;
         const bool look = !broken_ && below(10) == 0;
         if (asList(model.snapshot().tasks) != reference_.tasks) return QStringLiteral("the tasks");
+        if (asNotes(model.snapshot().notes) != reference_.notes) return QStringLiteral("the notes");
         if (model.saveState() != reference_.state)
             return model.saveState() + QStringLiteral(" for ") + reference_.state;
         if (model.revision() != reference_.revision) return QStringLiteral("the revision");

@@ -87,7 +87,8 @@ void AppModel::settle(const SaveJob& job) {
     }
     lastSavedRevision_ = job.revision;
     durableTasks_ = job.snapshot.tasks;
-    if (revision_ == job.revision) setSaveState(tr("Saved on this Mac"));
+    // A note that waits for a pause in typing is a newer change, too.
+    if (revision_ == job.revision && !noteSave_) setSaveState(tr("Saved on this Mac"));
     if (reconciledTasks_ == job.snapshot.tasks) return;
     reminders_->reconcile(job.snapshot.tasks);
     reconciledTasks_ = job.snapshot.tasks;
