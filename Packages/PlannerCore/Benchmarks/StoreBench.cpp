@@ -213,7 +213,6 @@ void restoreWhole(benchmark::State& state) {
                       const std::string& backup) {
                        const auto next = PlannerSnapshot::decodeBackup(backup);
                        const auto copy = repository.preserveBackup(current);
-                       benchmark::DoNotOptimize(PlannerSnapshot::decodeBackup(fileBytes(copy)));
                        repository.save(next);
                        std::filesystem::remove(copy);
                    });

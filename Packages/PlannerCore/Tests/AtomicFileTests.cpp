@@ -3,105 +3,17 @@
 #include <PlannerCore/PlannerRepository.h>
 
 #include "ChildProcess.h"
+#include "FailingCalls.h"
 #include "ScratchFolder.h"
+#include "SmallDisk.h"
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cerrno>
-#include <csignal>
-#include <cstdarg>
-#include <fcntl.h>
-#include <optional>
-#include <sched.h>
 #include <set>
-#include <sys/mount.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
-#include <system_error>
-#include <unistd.h>
 
 using namespace planner;
-
-namespace {
-
-/// Stands between the program and the system while it is alive: the linker sends each call here.
-class FailingCalls {
-public:
-    FailingCalls() { current = this; }
-    ~FailingCalls() { current = nullptr; }
-    FailingCalls(const FailingCalls&) = delete;
-    FailingCalls& operator=(const FailingCalls&) = delete;
-
-    /// The call with this number, counted from 0 over all of them, fails with `error`.
-    void failAt(std::size_t call, int error) {
-        failing_ = call;
-        error_ = error;
-    }
-    /// Each write takes this many bytes at most.
-    void shortenWrites(std::size_t bytes) { longestWrite_ = bytes; }
-
-    const std::vector<std::string>& calls() const { return calls_; }
-
-    static bool fails(const char* name) {
-        if (!current) return false;
-        current->calls_.emplace_back(name);
-        if (current->failing_ != current->calls_.size() - 1) return false;
-        errno = current->error_;
-        return true;
-    }
-    static std::size_t writable(std::size_t bytes) {
-        return current ? std::min(bytes, current->longestWrite_) : bytes;
-    }
-
-private:
-    static FailingCalls* current;
-    std::vector<std::string> calls_;
-    std::optional<std::size_t> failing_;
-    int error_ = 0;
-    std::size_t longestWrite_ = std::size_t(-1);
-};
-
-FailingCalls* FailingCalls::current = nullptr;
-
-} // namespace
-
-extern "C" {
-int __real_open(const char* path, int flags, mode_t mode);
-ssize_t __real_write(int file, const void* bytes, std::size_t count);
-int __real_fsync(int file);
-int __real_close(int file);
-int __real_rename(const char* from, const char* to);
-
-int __wrap_open(const char* path, int flags, ...) {
-    va_list arguments;
-    va_start(arguments, flags);
-    const auto mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
-    va_end(arguments);
-    return FailingCalls::fails("open") ? -1 : __real_open(path, flags, mode);
-}
-
-ssize_t __wrap_write(int file, const void* bytes, std::size_t count) {
-    return FailingCalls::fails("write") ? -1 : __real_write(file, bytes, FailingCalls::writable(count));
-}
-
-int __wrap_fsync(int file) {
-    return FailingCalls::fails("fsync") ? -1 : __real_fsync(file);
-}
-
-/// A close that fails has closed the file all the same.
-int __wrap_close(int file) {
-    const bool fails = FailingCalls::fails("close");
-    const int error = errno;
-    const int result = __real_close(file);
-    if (fails) errno = error;
-    return fails ? -1 : result;
-}
-
-int __wrap_rename(const char* from, const char* to) {
-    return FailingCalls::fails("rename") ? -1 : __real_rename(from, to);
-}
-}
 
 namespace {
 
@@ -110,13 +22,6 @@ PlannerSnapshot plannerOf(int tasks) {
     for (int index = 0; index < tasks; ++index)
         planner.tasks.push_back({Uuid::random(), std::string(400, 't'), Instant{1}, index});
     return planner;
-}
-
-std::set<std::string> namesIn(const std::filesystem::path& folder) {
-    std::set<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(folder))
-        names.insert(entry.path().filename());
-    return names;
 }
 
 std::size_t openFiles() {
@@ -138,24 +43,6 @@ std::string preserved(PlannerRepository& repository, const PlannerSnapshot& plan
     return told;
 }
 
-void check(bool succeeded) {
-    if (!succeeded) throw std::system_error(errno, std::generic_category());
-}
-
-void limitFilesTo(rlim_t bytes) {
-    // Past the limit the write itself is to fail, not the process.
-    std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit limit{bytes, bytes};
-    check(setrlimit(RLIMIT_FSIZE, &limit) == 0);
-}
-
-/// Mounts a file system of one megabyte that only this process sees; false where that is not allowed.
-bool mountSmallDisk(const std::filesystem::path& folder) {
-    if (unshare(geteuid() == 0 ? CLONE_NEWNS : CLONE_NEWNS | CLONE_NEWUSER) != 0) return false;
-    if (mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0) return false;
-    return mount("tmpfs", folder.c_str(), "tmpfs", 0, "size=1m") == 0;
-}
-
 } // namespace
 
 TEST(AtomicFile, WhicheverCallFailsItIsToldAndNothingIsLeft) {
@@ -168,8 +55,8 @@ TEST(AtomicFile, WhicheverCallFailsItIsToldAndNothingIsLeft) {
         calls = disk.calls();
     }
     // The last one is that of the folder's descriptor, which holds nothing that could be lost.
-    EXPECT_EQ(calls, (std::vector<std::string>{"open", "write", "fsync", "close", "rename", "open", "fsync",
-                                               "close"}));
+    EXPECT_EQ(calls, (std::vector<std::string>{"open", "write", "fsync", "read", "read", "close", "rename",
+                                               "open", "fsync", "close"}));
     std::filesystem::remove(path);
     const auto opened = openFiles();
     for (const auto& [error, text] :
@@ -211,6 +98,38 @@ TEST(AtomicFile, AWriteThatFailsHalfwayLeavesNothing) {
     disk.failAt(3, ENOSPC);
     EXPECT_THROW(detail::writeAtomically(folder / "Copy.json", "bytes"), StoreError);
     EXPECT_EQ(namesIn(folder.path()), std::set<std::string>());
+}
+
+TEST(AtomicFile, AFileThatReadsBackDifferentlyIsToldAndNotLeft) {
+    const ScratchFolder folder;
+    const std::string bytes(3'000'000, 'b');
+    // In the first, a middle and the last of the parts that are compared.
+    for (const std::size_t place : {std::size_t(0), std::size_t(1'500'000), bytes.size() - 1}) {
+        SCOPED_TRACE(place);
+        std::string told;
+        {
+            FailingCalls disk;
+            disk.corruptRead(place);
+            try {
+                detail::writeAtomically(folder / "Copy.json", bytes);
+            } catch (const StoreError& failure) {
+                told = failure.what();
+            }
+        }
+        EXPECT_EQ(told, "The copy of the planner does not read back as it was written.");
+        EXPECT_EQ(namesIn(folder.path()), std::set<std::string>());
+    }
+}
+
+TEST(AtomicFile, OfAnySizeIsReadBackWhole) {
+    const ScratchFolder folder;
+    constexpr std::size_t part = std::size_t(1) << 20;
+    for (const std::size_t size : {std::size_t(0), std::size_t(1), part - 1, part, part + 1, 2 * part}) {
+        SCOPED_TRACE(size);
+        const std::string bytes(size, 'b');
+        detail::writeAtomically(folder / std::to_string(size), bytes);
+        EXPECT_EQ(fileBytes(folder / std::to_string(size)), bytes);
+    }
 }
 
 TEST(AtomicFile, AFileThatSomebodyElseLeftIsNeitherWrittenNorRemoved) {
@@ -255,6 +174,15 @@ TEST(PreserveBackup, InAFolderThatMayNotBeWrittenIsToldAndLeavesNothing) {
     });
     chmod(folder.path().c_str(), 0700);
     EXPECT_EQ(told, "Permission denied");
+}
+
+TEST(PreserveBackup, ThatReadsBackDifferentlyIsToldAndNotLeft) {
+    const ScratchFolder folder;
+    PlannerRepository repository(folder.path());
+    FailingCalls disk;
+    disk.corruptRead(1000);
+    EXPECT_EQ(preserved(repository, plannerOf(10)),
+              "The copy of the planner does not read back as it was written.");
 }
 
 TEST(PreserveBackup, InAFolderThatIsGoneIsTold) {

@@ -45,7 +45,8 @@ public:
     void save(const PlannerSnapshot& snapshot);
 
     /// Writes `snapshot` as a backup file of its own beside the store and returns its path once it is
-    /// on disk. Throws as `PlannerSnapshot::backupData` does, or StoreError; no file is left then.
+    /// on disk and was read back byte for byte. Throws as `PlannerSnapshot::backupData` does, or
+    /// StoreError, which also tells that it read back differently; no file is left then.
     std::filesystem::path preserveBackup(const PlannerSnapshot& snapshot);
 
 private:

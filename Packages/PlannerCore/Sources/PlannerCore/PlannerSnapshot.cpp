@@ -1,5 +1,6 @@
 #include <PlannerCore/PlannerSnapshot.h>
 
+#include <PlannerCore/BackupFile.h>
 #include <PlannerCore/Detail/RecordCoding.h>
 #include <PlannerCore/Detail/Text.h>
 
@@ -77,8 +78,7 @@ std::string PlannerSnapshot::backupData() const {
 }
 
 PlannerSnapshot PlannerSnapshot::decodeBackup(std::string_view data) {
-    if (data.size() > maximumBackupBytes)
-        throw PlannerError::invalidBackup("Backups must be smaller than 50 MB.");
+    if (data.size() > maximumBackupBytes) throw PlannerError::invalidBackup(backupTooLarge);
     auto snapshot = detail::decodeSnapshot(data);
     snapshot.validated();
     return snapshot;

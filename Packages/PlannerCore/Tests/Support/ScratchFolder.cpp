@@ -39,3 +39,10 @@ std::map<std::string, std::string> filesIn(const std::filesystem::path& folder) 
             files[entry.path().filename()] = fileBytes(entry.path());
     return files;
 }
+
+std::set<std::string> namesIn(const std::filesystem::path& folder) {
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+        names.insert(entry.path().filename());
+    return names;
+}

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <map>
+#include <set>
 #include <string>
 
 /// A folder of its own among the temporary files, taken away with all that is in it.
@@ -29,3 +30,5 @@ void writeFile(const std::filesystem::path& path, const std::string& bytes);
 /// Name and bytes of each file directly in `folder`, but for SQLite's "-shm": memory that processes
 /// share, not data. Compare with ==, not with EXPECT_EQ, which would print all of it.
 std::map<std::string, std::string> filesIn(const std::filesystem::path& folder);
+/// The names of what is directly in `folder`.
+std::set<std::string> namesIn(const std::filesystem::path& folder);
