@@ -5,6 +5,7 @@
 #include "Doubles/FakeDataFolder.h"
 #include "Doubles/FakeEventStore.h"
 #include "Doubles/FakeExecutor.h"
+#include "Doubles/FakeFilePanels.h"
 #include "Doubles/FakeHotKeyRegistrar.h"
 #include "Doubles/FakeInformationDictionary.h"
 #include "Doubles/FakeLog.h"
@@ -31,12 +32,12 @@ struct FakePlatform {
     FakeScreens screens;
     FakeSystemEvents systemEvents;
     FakeAlerts alerts;
+    FakeFilePanels filePanels;
     FakeLog log;
 
     /// What the application is given.
-    Platform platform{clock,         storeExecutor, dataFolder, defaults, information,
-                      notifications, events,        loginItem,  hotKeys,  screens,
-                      systemEvents,  alerts,        log};
+    Platform platform{clock,     storeExecutor, dataFolder, defaults,     information, notifications, events,
+                      loginItem, hotKeys,       screens,    systemEvents, alerts,      filePanels,    log};
 
     /// Lets everything happen that can happen without time passing: jobs, answers, due delays.
     void settle() {

@@ -3,6 +3,7 @@
 #include "Platform/Linux/AutostartLoginItem.h"
 #include "Platform/Linux/BuildInformation.h"
 #include "Platform/Linux/DesktopEvents.h"
+#include "Platform/Linux/DialogFilePanels.h"
 #include "Platform/Linux/FreedesktopNotificationCenter.h"
 #include "Platform/Linux/JournalLog.h"
 #include "Platform/Linux/ScreenList.h"
@@ -31,13 +32,13 @@ struct LinuxPlatform {
     ScreenList screens;
     DesktopEvents systemEvents;
     AlertWindow alerts;
+    DialogFilePanels filePanels;
     /// Last, so that it ends first: the jobs still waiting in it find everything else in place.
     WorkerExecutor storeExecutor;
 
     /// What the application is given.
-    Platform platform{clock,         storeExecutor, dataFolder, defaults, information,
-                      notifications, events,        loginItem,  hotKeys,  screens,
-                      systemEvents,  alerts,        log};
+    Platform platform{clock,     storeExecutor, dataFolder, defaults,     information, notifications, events,
+                      loginItem, hotKeys,       screens,    systemEvents, alerts,      filePanels,    log};
 };
 
 } // namespace orvane

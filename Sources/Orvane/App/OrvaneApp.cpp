@@ -1,6 +1,7 @@
 #include "App/OrvaneApp.h"
 
 #include "Views/ViewEngine.h"
+#include "Views/WidgetPalette.h"
 #include "Windows/TrackingHost.h"
 
 #include <QCoreApplication>
@@ -29,6 +30,7 @@ OrvaneApp::OrvaneApp(LinuxPlatform& platform)
     QObject::connect(&instance_, &SingleInstance::activated, &delegate_, &AppDelegate::reopen);
     platform.alerts.setEngine(engine_);
     platform.alerts.setDark([this] { return model_.settings()->dark(); });
+    platform.filePanels.setPalette([this] { return widgetPalette(engine_, model_.settings()->dark()); });
 }
 
 void OrvaneApp::launch() {

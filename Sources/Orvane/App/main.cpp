@@ -5,7 +5,7 @@
 #include "Platform/Linux/DisplayProbe.h"
 #include "Platform/Linux/SignalWatch.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QQuickWindow>
 
 #include <algorithm>
@@ -93,10 +93,10 @@ int runPlanner(int argc, char* argv[]) {
     }
     qputenv("QT_QPA_PLATFORM", "xcb");
     chooseRenderer();
-    QGuiApplication::setQuitOnLastWindowClosed(false);
-    QGuiApplication::setApplicationVersion(QStringLiteral(ORVANE_VERSION));
-    QGuiApplication::setDesktopFileName(QStringLiteral("app.orvane.Orvane"));
-    QGuiApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setApplicationVersion(QStringLiteral(ORVANE_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("app.orvane.Orvane"));
+    QApplication application(argc, argv);
     probe.reset();
     LinuxPlatform platform;
     switch (decideStart(platform.dataFolder)) {
@@ -110,7 +110,7 @@ int runPlanner(int argc, char* argv[]) {
     }
     OrvaneApp orvane(platform);
     orvane.launch();
-    return QGuiApplication::exec();
+    return QApplication::exec();
 }
 
 } // namespace

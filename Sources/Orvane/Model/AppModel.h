@@ -106,10 +106,11 @@ public:
     /// model is gone by then.
     void load(std::function<void()> done);
     /// Hands a copy of the planner to the store, behind the saves already under way. Does nothing until
-    /// ready.
+    /// ready. During a restore it waits for its end.
     Q_INVOKABLE void persist();
     /// Saves what there is and answers whether everything is on disk: at once when nothing could be
-    /// started, otherwise when that save has settled; never when the model is gone by then.
+    /// started, otherwise when that save has settled, which waits for the end of a restore; never when the
+    /// model is gone by then.
     void flush(std::function<void(bool)> done);
 
     // Tasks. A task is found by its id; an unknown id does nothing. Nothing is edited until ready.
@@ -159,6 +160,16 @@ public:
     Q_INVOKABLE void selectNoteDayBy(int days);
     bool editingNote() const { return editingNote_; }
     void setEditingNote(bool editing);
+
+    // Backups. Only one of the two is under way at a time: a further call does nothing, nor does one before
+    // the model is ready.
+
+    /// Asks where to and writes the planner there as a backup; `notice` or `error` tell how it went.
+    Q_INVOKABLE void exportBackup();
+    /// Asks for a backup and, once the user has agreed, puts it in the place of the planner: `restoring` is
+    /// true meanwhile. The planner it replaces is kept as a backup beside the store. `notice` or `error` tell
+    /// how it went; after an error nothing was replaced.
+    Q_INVOKABLE void importBackup();
 
     // Focus.
 
@@ -221,7 +232,9 @@ signals:
     void todayChanged();
 
 private:
+    struct Export;
     struct Opening;
+    struct Restoration;
     struct SaveJob;
 
     /// Whether commands may change the planner.
@@ -243,7 +256,21 @@ private:
     bool focusIsOn(const planner::Uuid& taskId) const;
     void moveTask(const planner::Uuid& moved, const std::optional<planner::Uuid>& before);
     std::optional<planner::PlannerTask> taskNamed(const QString& taskId);
+    void save();
+    void afterLastSave(std::function<void(bool)> done);
     void settle(const SaveJob& job);
+    void beginTransfer();
+    void endTransfer();
+    void writeExport(const std::filesystem::path& path);
+    void readBackup(const std::filesystem::path& path);
+    void confirmRestore(const std::shared_ptr<Restoration>& restoration);
+    void beginRestore(const std::shared_ptr<Restoration>& restoration);
+    void replacePlanner(const std::shared_ptr<Restoration>& restoration);
+    void adoptRestored(Restoration& restoration);
+    void failRestore(const QString& description);
+    void endRestore();
+    void setRestoring(bool restoring);
+    void letGo(const std::shared_ptr<Restoration>& restoration);
     void tasksEdited();
     void keepDeleted(std::optional<planner::PlannerTask> task);
     void setSaveState(const QString& text);
@@ -255,6 +282,11 @@ private:
     TaskTable tasks_{snapshot_.tasks};
     bool ready_ = false;
     bool restoring_ = false;
+    /// An export or a restore is under way, from its file panel to its end.
+    bool transferring_ = false;
+    /// Who wants the planner saved once the restore is over: `persist` and each `flush`.
+    bool persistWaits_ = false;
+    std::vector<std::function<void(bool)>> flushesWaiting_;
     bool storageFailedBefore_ = false;
     QString saveState_;
     std::optional<QString> error_;

@@ -96,7 +96,7 @@ void AppModel::resumeUnfinishedSession() {
     const auto& sessions = snapshot_.sessions;
     const auto unfinished =
         sessions.find([](const auto& session) { return session.status != FocusStatus::finished; });
-    if (unfinished < sessions.size()) focus_->restore(sessions[unfinished]);
+    focus_->restore(unfinished < sessions.size() ? std::optional(sessions[unfinished]) : std::nullopt);
 }
 
 } // namespace orvane

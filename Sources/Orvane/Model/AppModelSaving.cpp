@@ -65,6 +65,14 @@ void AppModel::SaveJob::whenFinished(std::function<void()> action) {
 
 void AppModel::persist() {
     if (!ready_ || !repository_) return;
+    // The planner of before would be written over the restored one.
+    if (restoring_)
+        persistWaits_ = true;
+    else
+        save();
+}
+
+void AppModel::save() {
     revision_ = planner::checkedAdd(revision_, 1);
     auto job = std::make_shared<SaveJob>(
         SaveJob{this, platform_.storeExecutor, repository_, snapshot_, revision_, std::nullopt, false, {}});
@@ -95,9 +103,14 @@ void AppModel::settle(const SaveJob& job) {
 }
 
 void AppModel::flush(std::function<void(bool)> done) {
+    if (restoring_) return flushesWaiting_.push_back(std::move(done));
     noteSave_.reset();
     persist();
     if (!saving_) return done(lastSavedRevision_ == revision_);
+    afterLastSave(std::move(done));
+}
+
+void AppModel::afterLastSave(std::function<void(bool)> done) {
     saving_->whenFinished([self = QPointer(this), done = std::move(done)] {
         if (self) done(self->lastSavedRevision_ == self->revision_);
     });

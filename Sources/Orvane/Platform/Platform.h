@@ -7,6 +7,7 @@ class Clock;
 class DataFolder;
 class EventStore;
 class Executor;
+class FilePanels;
 class HotKeyRegistrar;
 class InformationDictionary;
 class Log;
@@ -32,6 +33,7 @@ struct Platform {
     Screens& screens;
     SystemEvents& systemEvents;
     Alerts& alerts;
+    FilePanels& filePanels;
     Log& log;
 };
 
