@@ -200,8 +200,14 @@ void AppModel::failRestore(const QString& description) {
 void AppModel::endRestore() {
     setRestoring(false);
     endTransfer();
-    if (std::exchange(persistWaits_, false)) persist();
-    for (auto& done : std::exchange(flushesWaiting_, {})) flush(std::move(done));
+    const bool persistWaits = std::exchange(persistWaits_, false);
+    if (const auto waiting = std::exchange(flushesWaiting_, {}); !waiting.empty())
+        // One for all of them: each would find the one behind it unsaved.
+        flush([waiting](bool saved) {
+            for (const auto& done : waiting) done(saved);
+        });
+    else if (persistWaits)
+        persist();
 }
 
 void AppModel::setRestoring(bool restoring) {
