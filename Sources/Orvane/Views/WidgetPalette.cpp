@@ -1,19 +1,27 @@
 #include "Views/WidgetPalette.h"
 
 #include <QColor>
+#include <QQmlComponent>
 #include <QQmlEngine>
 #include <QVariant>
 
+#include <memory>
 #include <utility>
 
 namespace orvane {
 
 QPalette widgetPalette(QQmlEngine& engine, bool dark) {
-    const auto id = qmlTypeId("Orvane", 1, 0, "Palette");
-    const auto* colours = engine.singletonInstance<QObject*>(id);
-    if (!colours) return {};
-    const auto* tones = colours->property(dark ? "darkDashboard" : "lightDashboard").value<QObject*>();
-    if (!tones) return {};
+    // The toolkit gives a module's singleton only to QML.
+    QQmlComponent reader(&engine);
+    reader.setData("import QtQml\nimport Orvane as Orvane\n"
+                   "QtObject {\n"
+                   "    readonly property QtObject dark: Orvane.Palette.darkDashboard\n"
+                   "    readonly property QtObject light: Orvane.Palette.lightDashboard\n"
+                   "}\n",
+                   QUrl());
+    const std::unique_ptr<QObject> colours(reader.create());
+    if (!colours) qFatal("The colours cannot be read.");
+    const auto* tones = colours->property(dark ? "dark" : "light").value<QObject*>();
     QPalette palette;
     for (const auto& [role, tone] :
          {std::pair(QPalette::Window, "page"), std::pair(QPalette::WindowText, "text"),

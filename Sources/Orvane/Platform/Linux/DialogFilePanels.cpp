@@ -1,5 +1,6 @@
 #include "Platform/Linux/DialogFilePanels.h"
 
+#include <QChildEvent>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
@@ -46,6 +47,14 @@ std::unique_ptr<QFileDialog> DialogFilePanels::makePanel() const {
     return panel;
 }
 
+bool DialogFilePanels::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::ChildPolished) return false;
+    // The dialog's own questions are windows, which inherit no colours.
+    auto* const child = qobject_cast<QWidget*>(static_cast<QChildEvent*>(event)->child());
+    if (child && child->isWindow()) child->setPalette(static_cast<QWidget*>(watched)->palette());
+    return false;
+}
+
 void DialogFilePanels::save(const QString& suggestedName, Answer answer) {
     auto panel = makePanel();
     panel->setAcceptMode(QFileDialog::AcceptSave);
@@ -64,6 +73,7 @@ void DialogFilePanels::open(Answer answer) {
 void DialogFilePanels::presentFilePanel(std::unique_ptr<QFileDialog> panel, Answer completion) {
     auto* const dialog = panel.get();
     shown_.push_back(std::move(panel));
+    dialog->installEventFilter(this);
     connect(dialog, &QDialog::finished, this,
             [this, dialog, completion = std::move(completion)] { finish(dialog, completion); });
     if (auto* const parent = mainWindow()) {

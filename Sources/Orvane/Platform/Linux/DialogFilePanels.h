@@ -29,6 +29,7 @@ public:
     void open(Answer answer) override;
 
 private:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     std::unique_ptr<QFileDialog> makePanel() const;
     void presentFilePanel(std::unique_ptr<QFileDialog> panel, Answer completion);
     void finish(QFileDialog* panel, const Answer& completion);
