@@ -162,11 +162,6 @@ public:
         preferences.cardWidth = width;
         model()->settings()->setPreferences(preferences);
     }
-    /// Lets time pass, and whatever happens meanwhile happen.
-    Q_INVOKABLE void pass(double seconds) {
-        desk().clock.advance(seconds);
-        settle();
-    }
     Q_INVOKABLE void setAppearance(const QString& appearance) {
         auto preferences = model()->settings()->preferences();
         preferences.appearance = appearance;
@@ -208,6 +203,7 @@ public:
         session.segments = {{desk().clock.now(), spent}};
         model()->focus()->restore(session);
     }
+    /// Lets time pass, and whatever happens meanwhile happen.
     Q_INVOKABLE void advance(double seconds) {
         desk().clock.advance(seconds);
         settle();

@@ -28,7 +28,7 @@ NotesCase {
         compare(desk.model.noteText(), "Call Marta");
         compare(desk.model.saveState, "Saving…");
         compare(desk.storedNote(root.today), undefined);
-        desk.pass(0.5);
+        desk.advance(0.5);
         compare(desk.storedNote(root.today), "Call Marta");
         compare(desk.model.saveState, "Saved on this Mac");
     }
@@ -46,7 +46,7 @@ NotesCase {
         verify(!root.item("notePlaceholder").visible);
         keyClick(Qt.Key_Backspace);
         verify(root.item("notePlaceholder").visible);
-        desk.pass(1);
+        desk.advance(1);
         compare(desk.storedNote(root.today), "");
     }
 
@@ -152,7 +152,7 @@ NotesCase {
         desk.compose(root.text, "に", "");
         desk.model.selectNoteDayBy(-1);
         compare(root.text.getText(0, root.text.length), "");
-        desk.pass(1);
+        desk.advance(1);
         compare(desk.storedNote(root.yesterday), undefined);
         compare(desk.storedNote(root.today), "One");
     }
@@ -195,10 +195,10 @@ NotesCase {
     function test_undo_and_redo_are_edits_of_the_day(): void {
         root.startNotes("");
         root.typeText("abc");
-        desk.pass(1);
+        desk.advance(1);
         keyClick(Qt.Key_Z, Qt.ControlModifier);
         compare(desk.model.noteText(), "");
-        desk.pass(1);
+        desk.advance(1);
         compare(desk.storedNote(root.today), "");
     }
 

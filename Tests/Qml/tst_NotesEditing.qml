@@ -107,7 +107,7 @@ NotesCase {
         keyClick("y");
         compare(desk.model.noteText().length, 5000000);
         compare(root.text.getText(2500498, 2500501), "xyx");
-        desk.pass(1);
+        desk.advance(1);
         compare(desk.storedNote(root.today).length, 5000000);
     }
 
