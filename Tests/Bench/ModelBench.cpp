@@ -2,6 +2,7 @@
 // follows on that thread until its save has settled and the reminders are in line. The store's own work
 // is left out.
 
+#include "Model/TaskSearchModel.h"
 #include "Orvane/ModelFixture.h"
 
 #include <algorithm>
@@ -95,11 +96,16 @@ void measure(unsigned count) {
     });
     report(house, "move the last to the front", [&](int) { model.moveTask(last(), first()); });
     report(house, "move the first to the end", [&](int) { model.moveTask(first(), planner::Uuid()); });
+    TaskSearchModel search;
+    search.setTasks(model.openTasks());
+    report(house, "search the titles",
+           [&](int round) { search.setNeedle(QStringLiteral("number %1").arg(round)); });
+    search.setTasks(nullptr);
     report(house, "move by one, at the end", [&](int) { model.moveTask(model.snapshot().tasks.back(), -1); });
 }
 
 } // namespace
 
 int main() {
-    for (const auto count : {1'000u, 100'000u - rounds}) measure(count);
+    for (const auto count : {1'000u, 10'000u, 100'000u - rounds}) measure(count);
 }

@@ -17,7 +17,7 @@ PanelCase {
         root.text = root.item("noteText");
         if (note !== "") {
             root.text.insert(0, note);
-            desk.pass(1);
+            desk.advance(1);
         }
         root.text.forceActiveFocus(Qt.TabFocusReason);
     }
