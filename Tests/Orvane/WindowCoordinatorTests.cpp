@@ -225,6 +225,19 @@ private slots:
         QVERIFY(desk.state.expanded());
     }
 
+    void leavingTheSettingsPageBehindOtherWindowsLetsHoveringOpenAgain() {
+        WindowFixture desk;
+        desk.coordinator->showDashboard(Page::settings);
+        desk.dashboard.loseKeyboard();
+        desk.navigation.setPage(Page::today);
+        desk.hoverOpen();
+        QVERIFY(desk.state.expanded());
+        desk.coordinator->collapse();
+        desk.navigation.setPage(Page::settings);
+        desk.hoverOpen();
+        QVERIFY(!desk.state.expanded());
+    }
+
     void showingTheDashboardClosesThePanel() {
         WindowFixture desk;
         desk.hoverOpen();

@@ -31,6 +31,8 @@ WindowCoordinator::WindowCoordinator(const Parts& parts, QObject* parent)
     followDesktop();
     connect(&panel_, &PanelSurface::outsidePressed, this, &WindowCoordinator::collapse);
     connect(&dashboard_, &DashboardSurface::stateChanged, this, &WindowCoordinator::dashboardChanged);
+    // Assistive programs change the page of a window that is not in front.
+    connect(&navigation_, &NavigationModel::pageChanged, this, &WindowCoordinator::dashboardChanged);
     position(false);
 }
 
@@ -158,6 +160,7 @@ void WindowCoordinator::stop() {
     disconnect(&platform_.systemEvents, nullptr, this, nullptr);
     disconnect(model_.settings(), nullptr, this, nullptr);
     disconnect(&dashboard_, nullptr, this, nullptr);
+    disconnect(&navigation_, nullptr, this, nullptr);
     for (auto* callback : {&model_.openDashboard, &model_.openSettings, &model_.dismissPanel,
                            &model_.suppressPanel, &model_.restorePanel})
         *callback = nullptr;
