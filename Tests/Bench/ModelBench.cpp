@@ -1,9 +1,12 @@
 // Prints how long each command keeps the main thread busy: the command itself and everything that
 // follows on that thread until its save has settled and the reminders are in line. The store's own work
-// is left out.
+// is left out. And how long a preference takes, which is on disk when its control has changed.
 
 #include "Model/TaskSearchModel.h"
 #include "Orvane/ModelFixture.h"
+#include "Platform/Linux/SettingsUserDefaults.h"
+
+#include <QTemporaryDir>
 
 #include <algorithm>
 #include <cstdio>
@@ -68,6 +71,21 @@ void report(ModelFixture& house, const char* name, const std::function<void(int)
     std::printf("%-28s %9.3f %9.3f %9.3f\n", name, wall[rounds / 2], processor[rounds / 2], wall.back());
 }
 
+/// A slider that is dragged over its whole way, step by step; each step is saved.
+void measurePreferences() {
+    const QTemporaryDir folder(QStringLiteral("./orvane-bench-XXXXXX"));
+    qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
+    ModelFixture house;
+    auto& desk = house.platform;
+    SettingsUserDefaults defaults(desk.log);
+    Platform platform{desk.clock,         desk.storeExecutor, desk.dataFolder, defaults,     desk.information,
+                      desk.notifications, desk.events,        desk.loginItem,  desk.hotKeys, desk.screens,
+                      desk.systemEvents,  desk.alerts,        desk.log};
+    SettingsModel settings(platform);
+    std::printf("\n%-28s %9s %9s %9s\n", "preferences, ms", "median", "processor", "worst");
+    report(house, "one step of a slider", [&](int round) { settings.setCardWidth(230 + 10 * (round % 16)); });
+}
+
 void measure(unsigned count) {
     ModelFixture house;
     planner::PlannerSnapshot planner;
@@ -107,5 +125,6 @@ void measure(unsigned count) {
 } // namespace
 
 int main() {
+    measurePreferences();
     for (const auto count : {1'000u, 10'000u, 100'000u - rounds}) measure(count);
 }

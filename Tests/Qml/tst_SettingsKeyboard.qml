@@ -84,6 +84,22 @@ TestCase {
         verify(root.focused().mapToItem(scroll, 0, 0).y >= 0);
     }
 
+    function test_a_row_that_moves_out_of_view_is_followed(): void {
+        const scroll = root.item("settingsScroll");
+        root.view.height = 380;
+        root.tabTo("Move tasks right");
+        for (let i = 0; i < 3; ++i)
+            keyClick(Qt.Key_Space);
+        compare(root.focusedName(), "Move tasks left");
+        const inView = item => {
+            const top = item.mapToItem(scroll, 0, 0).y;
+            return top >= 0 && top + item.height <= scroll.height;
+        };
+        tryVerify(() => root.item("tasksRow").y > root.item("agendaRow").y);
+        verify(inView(root.focused()));
+        verify(!inView(root.item("hoverSwitch")), "the window is too low for the whole way");
+    }
+
     function test_page_keys_scroll(): void {
         const scroll = root.item("settingsScroll");
         keyClick(Qt.Key_PageDown);

@@ -133,17 +133,34 @@ TestCase {
         compare(desk.storedPreferences().cards, ["focus", "notes", "tasks", "agenda"]);
     }
 
-    function test_the_cards_width_is_dragged_and_saved_once_for_each_step(): void {
+    function test_the_cards_width_follows_a_drag_and_is_saved_at_its_end(): void {
         root.start();
         const slider = root.item("widthSlider");
         const before = desk.writes();
         mousePress(slider, 40, 10);
         for (let x = 40; x <= 200; x += 2)
             mouseMove(slider, x, 10);
-        mouseRelease(slider, 200, 10);
-        compare(desk.storedPreferences().cardWidth, 380);
+        compare(desk.model.settings.cardWidth, 380);
         compare(root.item("widthText").text, "380");
-        compare(desk.writes() - before, 12);
+        compare(desk.writes(), before);
+        mouseRelease(slider, 199, 10);
+        compare(desk.storedPreferences().cardWidth, 380);
+        compare(desk.writes() - before, 1);
+        keyClick(Qt.Key_Left);
+        compare(desk.storedPreferences().cardWidth, 370);
+        compare(desk.writes() - before, 2);
+    }
+
+    function test_leaving_the_page_in_the_middle_of_a_drag_saves_it(): void {
+        root.start();
+        const slider = root.item("widthSlider");
+        mousePress(slider, 40, 10);
+        for (let x = 40; x <= 120; x += 4)
+            mouseMove(slider, x, 10);
+        desk.navigation.page = Orvane.NavigationModel.DashboardPage.today;
+        tryCompare(desk.model.settings, "adjusting", false);
+        compare(desk.storedPreferences().cardWidth, 320);
+        mouseRelease(root.view, 10, 10);
     }
 
     function test_the_display_is_picked_by_name(): void {

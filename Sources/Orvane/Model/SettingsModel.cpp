@@ -39,9 +39,25 @@ void SettingsModel::setPreferences(const Preferences& preferences) {
     if (preferences != preferences_) apply(preferences);
 }
 
+SettingsModel::~SettingsModel() {
+    if (unsaved_) write();
+}
+
 void SettingsModel::save() {
-    platform_.defaults.setData(preferencesKey(), preferences_.encoded());
+    write();
     if (onChange) onChange();
+}
+
+void SettingsModel::write() {
+    unsaved_ = false;
+    platform_.defaults.setData(preferencesKey(), preferences_.encoded());
+}
+
+void SettingsModel::setAdjusting(bool adjusting) {
+    if (adjusting == adjusting_) return;
+    adjusting_ = adjusting;
+    emit adjustingChanged();
+    if (!adjusting_ && unsaved_) save();
 }
 
 void SettingsModel::move(WorkspaceCard card, int offset) {
@@ -148,7 +164,14 @@ void SettingsModel::setHoverEnabled(bool enabled) {
 }
 
 void SettingsModel::setCardWidth(double width) {
-    if (!std::isnan(width)) set(&Preferences::cardWidth, width);
+    if (std::isnan(width)) return;
+    if (!adjusting_) return set(&Preferences::cardWidth, width);
+    auto changed = preferences_;
+    changed.cardWidth = width;
+    changed = changed.repaired();
+    if (changed == preferences_) return;
+    unsaved_ = true;
+    adopt(changed);
 }
 
 void SettingsModel::setDisplayID(quint32 id) {
@@ -169,7 +192,7 @@ QStringList SettingsModel::visibleCardNames() const {
     return names;
 }
 
-void SettingsModel::apply(const Preferences& preferences) {
+void SettingsModel::adopt(const Preferences& preferences) {
     const auto wasDark = dark();
     const auto differs = preferences != preferences_;
     preferences_ = preferences;
@@ -177,6 +200,10 @@ void SettingsModel::apply(const Preferences& preferences) {
     if (differs) emit preferencesChanged();
     updateDisplayMissing();
     if (dark() != wasDark) emit darkChanged();
+}
+
+void SettingsModel::apply(const Preferences& preferences) {
+    adopt(preferences);
     save();
 }
 

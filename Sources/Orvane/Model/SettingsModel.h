@@ -38,6 +38,8 @@ class SettingsModel : public QObject {
     Q_PROPERTY(bool hoverEnabled READ hoverEnabled WRITE setHoverEnabled NOTIFY preferencesChanged)
     /// In logical pixels.
     Q_PROPERTY(double cardWidth READ cardWidth WRITE setCardWidth NOTIFY preferencesChanged)
+    /// Whether the width is being dragged: it takes effect step by step, and is saved once that is over.
+    Q_PROPERTY(bool adjusting READ adjusting WRITE setAdjusting NOTIFY adjustingChanged)
     /// The display that hosts the panel; 0 is the built-in one, or the first.
     Q_PROPERTY(quint32 displayID READ displayID WRITE setDisplayID NOTIFY preferencesChanged)
     /// The attached displays, each with `id` and `name`; `refreshDisplays` reads them.
@@ -53,6 +55,8 @@ public:
 
     /// Takes one reference to the platform, which must outlive this.
     explicit SettingsModel(Platform& platform, QObject* parent = nullptr);
+    /// Saves what a drag has not saved yet.
+    ~SettingsModel() override;
 
     const Preferences& preferences() const { return preferences_; }
     /// Replaces the record and saves it; nothing happens when it is equal.
@@ -94,8 +98,10 @@ public:
     bool hoverEnabled() const { return preferences_.hoverEnabled; }
     double cardWidth() const { return preferences_.cardWidth; }
     quint32 displayID() const { return preferences_.displayID; }
-    // Each of these saves the record when the value is another one. Minutes and width are clamped to what
-    // `Preferences` allows; a width that is no number does nothing.
+    bool adjusting() const { return adjusting_; }
+    void setAdjusting(bool adjusting);
+    // Each of these saves the record when the value is another one, the width only while it is not dragged.
+    // Minutes and width are clamped to what `Preferences` allows; a width that is no number does nothing.
     void setAppearance(const QString& appearance);
     void setClockStyle(const QString& clockStyle);
     void setDefaultMinutes(int minutes);
@@ -113,21 +119,28 @@ public:
 
 signals:
     void preferencesChanged();
+    void adjustingChanged();
     void darkChanged();
     void displaysChanged();
     void displayMissingChanged();
     void loginChanged();
 
 private:
-    /// Takes the record over, announces what differs and saves it even when nothing does.
+    /// Takes the record over and announces what differs.
+    void adopt(const Preferences& preferences);
+    /// Adopts the record and saves it even when nothing differs.
     void apply(const Preferences& preferences);
     template <class Value>
     void set(Value Preferences::*field, const Value& value);
     void updateDisplayMissing();
+    void write();
 
     Platform& platform_;
     Preferences preferences_;
     CardListModel cards_;
+    bool adjusting_ = false;
+    /// Whether `preferences_` differs from what was written.
+    bool unsaved_ = false;
     QList<DisplayOption> displays_;
     bool displayMissing_ = false;
     std::optional<QString> loginError_;

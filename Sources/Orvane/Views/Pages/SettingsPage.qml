@@ -49,6 +49,7 @@ FocusScope {
                 theme: root.theme
                 stacked: root.stacked
                 settings: root.model.settings
+                onRowMoved: if (scroll.focused) scroll.reveal(scroll.focused)
             }
             Orvane.AppearanceSettings {
                 width: parent.width

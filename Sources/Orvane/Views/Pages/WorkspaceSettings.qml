@@ -12,6 +12,9 @@ Orvane.SettingsSection {
     /// The ids that the picker offers, 0 first.
     readonly property var displayIds: [0].concat(root.settings.displays.map(display => display.id))
 
+    /// A card's row went to another place, and with it perhaps the keyboard.
+    signal rowMoved
+
     title: qsTr("Workspace")
 
     Repeater {
@@ -23,6 +26,7 @@ Orvane.SettingsSection {
             settings: root.settings
             first: index === 0
             last: index === cards.count - 1
+            onYChanged: root.rowMoved()
         }
     }
     Orvane.SettingsRow {
@@ -38,6 +42,8 @@ Orvane.SettingsSection {
             stepSize: 10
             amount: root.settings.cardWidth
             onSlid: amount => root.settings.cardWidth = amount
+            onPressedChanged: root.settings.adjusting = pressed
+            Component.onDestruction: if (root.settings) root.settings.adjusting = false
         }
         Orvane.Label {
             objectName: "widthText"
