@@ -50,6 +50,11 @@ class Home:
         with open(self.config / "Orvane" / "Orvane.conf", "a", encoding="utf-8") as file:
             file.write(f"{key}=@ByteArray({value})\n")
 
+    def seed_default(self, key, value):
+        """Adds one of the program's other small values beside the preferences."""
+        with open(self.config / "Orvane" / "Orvane.conf", "a", encoding="utf-8") as file:
+            file.write(f"{key}=@ByteArray({value})\n")
+
     @property
     def planner(self):
         """The folder with the planner in it."""

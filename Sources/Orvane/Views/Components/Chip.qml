@@ -1,27 +1,35 @@
 import QtQuick
+import QtQuick.Templates as T
 import Orvane as Orvane
 
-/// One of a few choices side by side. Whoever shows it says which one is chosen.
-Orvane.BaseButton {
+/// One of a few choices side by side. Whoever shows them says which one is chosen.
+T.RadioButton {
     id: root
 
+    required property Orvane.Theme theme
     required property bool chosen
+    /// Read to the user.
+    property string label: root.text
     property string symbol: ""
     property Orvane.TextStyle kind: Orvane.Type.smallMedium
 
     readonly property color ink: root.chosen || root.hovered ? root.theme.tones.text : root.theme.tones.second
 
-    corner: 10
     implicitHeight: 32
-    // So that assistive programs hear which one is chosen; a press does not change it by itself.
-    checkable: true
+    hoverEnabled: true
     checked: root.chosen
-    autoExclusive: true
-    Accessible.role: Accessible.RadioButton
+    // A press asks; it does not choose by itself.
     onToggled: root.checked = Qt.binding(() => root.chosen)
+    // A template's own role comes before the one given here, so the template has to be of that role.
+    Accessible.role: Accessible.RadioButton
+    Accessible.name: root.label
+    Accessible.onPressAction: root.clicked()
+    Accessible.onToggleAction: root.clicked()
+    Keys.onReturnPressed: root.clicked()
+    Keys.onEnterPressed: root.clicked()
 
     background: Rectangle {
-        radius: root.corner
+        radius: 10
         color: root.chosen ? root.theme.tones.tint : root.down ? root.theme.tones.press : root.hovered ? root.theme.tones.hover : Qt.alpha(root.theme.tones.hover, 0)
         Behavior on color {
             ColorAnimation {
@@ -49,5 +57,11 @@ Orvane.BaseButton {
                 Accessible.ignored: true
             }
         }
+    }
+    Orvane.FocusRing {
+        theme: root.theme
+        shown: root.visualFocus
+        corner: 10
+        z: 1
     }
 }
