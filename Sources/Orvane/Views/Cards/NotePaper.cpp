@@ -57,10 +57,12 @@ void NotePaper::paintBlock(QPainter& painter, const QTextBlock& block, QPointF a
         selected.format.setBackground(selectionColor_);
         selected.format.setForeground(QColor(Qt::transparent));
         painter.setPen(Qt::transparent);
-        // A line's background is as high as its letters; one pass for each half of the line covers it.
-        const double lead = lines.lineCount() > 0 ? lines.lineAt(0).y() : 0;
-        for (const double shift : {-lead, lead})
-            lines.draw(&painter, at + QPointF(0, shift), {selected}, sight);
+        // A line's background is as high as its letters: drawn at the line's top and at its bottom, and half
+        // a pixel further where pixels are not whole, it leaves no gap.
+        const auto line = lines.lineCount() > 0 ? lines.lineAt(0) : QTextLine();
+        const double up = -line.y();
+        const double down = note_->layout()->lineHeight() - line.y() - line.height() + 0.5;
+        for (const double shift : {up, down}) lines.draw(&painter, at + QPointF(0, shift), {selected}, sight);
     }
     painter.setPen(color_);
     lines.draw(&painter, at, {}, sight);

@@ -49,6 +49,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         kind: root.labelKind
         text: root.detail
+        visible: root.detail !== ""
         color: root.detailColor
     }
 }
