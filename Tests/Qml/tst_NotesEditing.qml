@@ -173,6 +173,26 @@ NotesCase {
         compare(view.contentY, 0);
     }
 
+    function test_looking_at_other_lines_leaves_the_caret_where_the_text_is(): void {
+        root.startNotes(Array.from({
+            length: 700
+        }, (_, i) => "Line " + i + " with words".repeat(i % 19)).join("\n"));
+        const view = root.item("noteView");
+        const caret = root.item("noteCaret");
+        root.go(Math.round(root.text.length / 2));
+        const atRest = () => caret.y === root.text.y + root.text.cursorRectangle.y && caret.x === root.text.x + root.text.cursorRectangle.x;
+        tryVerify(atRest);
+        const before = caret.y;
+        for (let y = view.contentY; y > 0; y -= 250) {
+            view.contentY = y;
+            waitForRendering(view);
+        }
+        verify(caret.y !== before, "the lines above were only estimated before");
+        tryVerify(atRest);
+        keyClick("x");
+        verify(caret.y >= view.contentY && caret.y < view.contentY + view.height, "typing shows the cursor");
+    }
+
     function test_lines_are_twenty_two_pixels_apart(): void {
         root.startNotes("One\n日本語 🌱\nשלום\nFour");
         const tops = [0, 4, 11, 16].map(position => root.text.positionToRectangle(position).y);

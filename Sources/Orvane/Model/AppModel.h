@@ -8,7 +8,6 @@
 #include <PlannerCore/PlannerRepository.h>
 #include <PlannerCore/PlannerSnapshot.h>
 
-#include <QDate>
 #include <QDateTime>
 #include <QObject>
 #include <QString>
@@ -50,7 +49,6 @@ class AppModel : public QObject {
     Q_PROPERTY(int focusRequest READ focusRequest NOTIFY focusRequestChanged)
     /// The key of the day whose note is being edited, "2026-03-07".
     Q_PROPERTY(QString noteDay READ noteDay NOTIFY noteDayChanged)
-    Q_PROPERTY(QDate noteDate READ noteCalendarDate NOTIFY noteDayChanged)
     /// Whether the note's editor has the keyboard; the card says so. Such a note keeps its day at midnight.
     Q_PROPERTY(bool editingNote READ editingNote WRITE setEditingNote NOTIFY editingNoteChanged)
     /// Whether a session is about to start and waits for the answer about notifications.
@@ -148,7 +146,6 @@ public:
 
     planner::Instant noteDate() const { return noteDate_; }
     QString noteDay() const;
-    QDate noteCalendarDate() const;
     /// The text of the note being edited; empty when the day has none. Costs a copy of the text.
     Q_INVOKABLE QString noteText() const;
     /// Replaces the text of that note in memory and saves it once nothing has been typed for 0.4 seconds.

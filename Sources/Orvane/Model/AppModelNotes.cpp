@@ -35,10 +35,6 @@ QString AppModel::noteDay() const {
     return QString::fromStdString(noteKey_);
 }
 
-QDate AppModel::noteCalendarDate() const {
-    return QDate::fromString(noteDay(), Qt::ISODate);
-}
-
 QString AppModel::noteText() const {
     const auto position = notePosition(noteKey_);
     return position < snapshot_.notes.size() ? QString::fromStdString(snapshot_.notes[position].text)

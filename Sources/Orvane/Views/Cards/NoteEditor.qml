@@ -68,10 +68,10 @@ FocusScope {
         if (key === Qt.Key_Return && modifiers & Qt.ControlModifier) {
             if (!repeated)
                 root.converted(note.line(edit.selectionStart));
-        } else if (key === Qt.Key_Tab || key === Qt.Key_Backtab)
+        } else if ((key === Qt.Key_Tab || key === Qt.Key_Backtab) && !(modifiers & (Qt.ControlModifier | Qt.AltModifier)))
             root.leave(key === Qt.Key_Tab);
         else if (key === Qt.Key_PageUp || key === Qt.Key_PageDown)
-            root.turnPage(key === Qt.Key_PageUp ? -1 : 1, modifiers & Qt.ShiftModifier);
+            root.turnPage(key === Qt.Key_PageUp ? -1 : 1, (modifiers & Qt.ShiftModifier) !== 0);
         else
             return false;
         return true;
@@ -120,7 +120,10 @@ FocusScope {
             Keys.priority: Keys.BeforeItem
             // What is being composed belongs to the input method.
             Keys.onPressed: event => event.accepted = !edit.inputMethodComposing && root.take(event.key, event.modifiers, event.isAutoRepeat)
-            onCursorRectangleChanged: root.keepInSight()
+            onCursorRectangleChanged: {
+                caret.place();
+                root.keepInSight();
+            }
             onInputMethodComposingChanged: {
                 if (edit.inputMethodComposing || root.pending === null)
                     return;
@@ -129,9 +132,20 @@ FocusScope {
                 note.replace(text);
             }
 
-            cursorDelegate: Orvane.Caret {
-                theme: root.theme
-                shown: edit.cursorVisible
+            // The editor would leave its own where it was when lines above it are laid out.
+            cursorDelegate: Item {}
+        }
+        Orvane.Caret {
+            id: caret
+            objectName: "noteCaret"
+            theme: root.theme
+            shown: edit.cursorVisible
+
+            function place(): void {
+                const at = edit.cursorRectangle;
+                caret.x = edit.x + at.x;
+                caret.y = edit.y + at.y;
+                caret.height = at.height;
             }
         }
     }
@@ -166,5 +180,6 @@ FocusScope {
         lineHeight: Orvane.Type.note.line
         lead: Orvane.Type.note.lead
         onEdited: text => root.edited(text)
+        onHeightChanged: caret.place()
     }
 }

@@ -19,6 +19,14 @@ Orvane.Card {
     symbol: "square.and.pencil"
     badgeColor: root.theme.tones.paperBadge
 
+    /// The day of that key, read at noon: a date by itself would be taken for midnight in Greenwich, which
+    /// is another day here.
+    function nameOf(day: string): string {
+        const [year, month, date] = day.split("-").map(Number);
+        const noon = new Date(year, month - 1, date, 12);
+        return noon.toLocaleDateString(Qt.locale(), root.narrow ? qsTr("ddd, d MMMM") : qsTr("dddd, d MMMM"));
+    }
+
     /// Goes `days` further, with what is being composed still in the note that it was written for.
     function turn(days: int): void {
         Qt.inputMethod.commit();
@@ -79,7 +87,7 @@ Orvane.Card {
         anchors.right: next.left
         y: 48
         kind: Orvane.Type.bodyMedium
-        text: root.model.noteDate.toLocaleDateString(Qt.locale(), root.narrow ? qsTr("ddd, d MMMM") : qsTr("dddd, d MMMM"))
+        text: root.nameOf(root.model.noteDay)
         color: root.theme.tones.text
         horizontalAlignment: Text.AlignHCenter
     }
@@ -145,6 +153,15 @@ Orvane.Card {
         text: qsTr("⌘ Return turns a line into a task")
         color: root.theme.tones.second
         Accessible.description: qsTr("Ctrl+Return")
+
+        Orvane.Tooltip {
+            theme: root.theme
+            text: qsTr("Ctrl+Return")
+            wanted: overHint.hovered
+        }
+        HoverHandler {
+            id: overHint
+        }
     }
     Orvane.Label {
         x: hint.x
