@@ -213,6 +213,29 @@ NotesCase {
         compare(desk.model.noteText(), "One!");
     }
 
+    function test_dragging_selects_and_the_wheel_scrolls(): void {
+        root.startNotes(Array.from({
+            length: 100
+        }, (_, i) => "Line " + i).join("\n"));
+        const view = root.item("noteView");
+        root.go(0);
+        tryCompare(view, "contentY", 0);
+        mousePress(view, 10, 19);
+        for (let y = 24; y <= 110; y += 10)
+            mouseMove(view, 60, y);
+        mouseRelease(view, 60, 110);
+        compare(view.contentY, 0, "a drag is no flick");
+        compare(root.text.selectionStart, 0);
+        verify(root.text.selectedText.length > 25);
+        mouseDoubleClickSequence(view, 15, 19);
+        compare(root.text.selectedText, "Line");
+        tryVerify(() => {
+            mouseWheel(view, 100, 100, 0, -240);
+            return view.contentY > 20;
+        });
+        compare(root.text.selectedText, "Line", "scrolling moves no cursor");
+    }
+
     function test_a_narrow_card_shortens_the_weekday(): void {
         root.startNotes("");
         desk.setCardWidth(230);
