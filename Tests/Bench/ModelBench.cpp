@@ -2,6 +2,9 @@
 // follows on that thread until its save has settled and the reminders are in line. The store's own work
 // is left out. And how long a preference takes, which is on disk when its control has changed.
 
+#include "Doubles/PastPlanner.h"
+#include "Model/HistoryModel.h"
+#include "Model/InsightsModel.h"
 #include "Model/TaskSearchModel.h"
 #include "Orvane/ModelFixture.h"
 #include "Platform/Linux/SettingsUserDefaults.h"
@@ -125,9 +128,60 @@ void measure(unsigned count) {
     report(house, "move by one, at the end", [&](int) { model.moveTask(model.snapshot().tasks.back(), -1); });
 }
 
+/// The least that a page could cost: every number that it depends on is read once.
+double readEverything(const planner::PlannerSnapshot& planner) {
+    double sum = 0;
+    for (const auto& task : planner.tasks) sum += task.completedAt.value_or(planner::Instant()).seconds;
+    for (const auto& session : planner.sessions)
+        for (const auto& segment : session.segments) sum += segment.start.seconds + segment.duration;
+    return sum;
+}
+
+/// Opening the pages that look back, on ten years of 100,000 tasks and 20,000 sessions of 100 segments.
+void measurePages() {
+    ModelFixture house;
+    PastPlanner past(house.platform.clock);
+    for (int index = 0; index < 100'000; ++index)
+        past.complete(index % 3650, 2, "A task whose title is about as long as usual");
+    for (int index = 0; index < 20'000; ++index) {
+        past.focus(index % 3650, 1, "A task", 0.25);
+        auto session = past.snapshot.sessions.back();
+        session.segments.resize(100, session.segments.front());
+        past.snapshot.sessions.replace(past.snapshot.sessions.size() - 1, std::move(session));
+    }
+    house.store(past.snapshot);
+    house.load();
+    std::printf("\n%-28s %9s %9s %9s\n", "ten years, ms", "median", "processor", "worst");
+    double sum = 0;
+    report(house, "floor: read everything", [&](int) { sum += readEverything(house.model->snapshot()); });
+    const auto open = [&](auto& page) {
+        page.setModel(house.model.get());
+        page.setActive(true);
+    };
+    report(house, "open Insights", [&](int) {
+        InsightsModel page;
+        open(page);
+        sum += double(page.days().size());
+    });
+    report(house, "open History", [&](int) {
+        HistoryModel page;
+        open(page);
+        sum += page.rowCount();
+    });
+    InsightsModel week;
+    open(week);
+    report(house, "toggle with Insights open",
+           [&](int round) { house.model->toggle(house.task(std::size_t(round) * 2311)); });
+    report(house, "note key with Insights open",
+           [&](int round) { house.model->updateNote(QString::number(round)); });
+    // What was read has to have been for something.
+    if (sum == 0) std::puts("nothing was read");
+}
+
 } // namespace
 
 int main() {
     measurePreferences();
     for (const auto count : {1'000u, 10'000u, 100'000u - rounds}) measure(count);
+    measurePages();
 }

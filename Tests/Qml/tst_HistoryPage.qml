@@ -216,6 +216,25 @@ TestCase {
         compare(scroll.contentY, 0);
     }
 
+    function test_the_keyboard_reaches_the_note_below_and_scrolls_the_page(): void {
+        root.show({ tasks: root.ordinary.tasks, notes: [{ text: "A line\n".repeat(100), daysAgo: 1 }] }, 1);
+        root.view.width = 860;
+        waitForRendering(root.view);
+        root.row(2).entry.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Tab);
+        const list = root.item("historyView");
+        const note = root.item("noteBelow");
+        verify(note.activeFocus);
+        compare(note.y, 0);
+        keyClick(Qt.Key_Down);
+        compare(note.y, -22);
+        keyClick(Qt.Key_PageDown);
+        compare(note.y, -list.height);
+        keyClick(Qt.Key_Backtab, Qt.ShiftModifier);
+        verify(root.row(2).entry.activeFocus);
+        verify(root.row(2).y >= list.contentY, "the row is in view");
+    }
+
     function test_the_pages_controls_have_names_and_roles(): void {
         root.show(root.ordinary, 1);
         compare(root.row(1).entry.Accessible.role, Accessible.ListItem);

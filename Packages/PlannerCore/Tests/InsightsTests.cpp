@@ -276,6 +276,40 @@ TEST(InsightsProperty, EveryDaysSecondsAreThoseOfFocusSecondsBitForBit) {
     EXPECT_EQ(failure, "");
 }
 
+TEST(InsightsProperty, CountingOnlyWhatChangedGivesTheSameCount) {
+    const auto failure = counterexample(scaled(200), [] {
+        const auto now = utc(2026, 3, 10, 12);
+        auto planner = plannerAround(now, berlin(), true);
+        // Several chunks, some of which stay shared.
+        const auto few = planner.tasks;
+        for (int copies = *rc::gen::inRange(0, 120); copies > 0; --copies)
+            for (const auto& task : few) planner.tasks.push_back(task);
+        auto week = insights::week(planner, now, berlin());
+        const auto before = planner.tasks;
+        for (int edits = *rc::gen::inRange(0, 8); edits > 0 && !planner.tasks.empty(); --edits) {
+            const auto at = *fullSize(rc::gen::inRange<std::size_t>(0, planner.tasks.size()));
+            auto task = planner.tasks[at];
+            task.completedAt = task.completedAt ? std::nullopt : std::optional(now);
+            switch (*rc::gen::inRange(0, 4)) {
+            case 0:
+                planner.tasks.erase(at);
+                break;
+            case 1:
+                planner.tasks.insert(at, task);
+                break;
+            case 2:
+                planner.tasks.push_back(task);
+                break;
+            default:
+                planner.tasks.replace(at, task);
+            }
+        }
+        insights::recount(week, before, planner.tasks);
+        RC_ASSERT(week == insights::week(planner, now, berlin()));
+    });
+    EXPECT_EQ(failure, "");
+}
+
 TEST(InsightsProperty, ADayHoldsWhatItsNameIsOn) {
     const auto failure = counterexample(scaled(150), [] {
         const auto calendar = someCalendar();

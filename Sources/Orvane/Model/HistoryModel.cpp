@@ -59,10 +59,13 @@ void HistoryModel::refresh() {
                                       today_.isValid() ? int(today_.daysTo(day_)) : 0);
     const auto& planner = model_->snapshot();
     // Lists that came from one another are compared by their chunks' addresses.
-    if (rows_.empty() || span != span_ || tasks_ != planner.tasks || sessions_ != planner.sessions) {
+    const bool otherSessions = rows_.empty() || span != span_ || sessions_ != planner.sessions;
+    if (otherSessions || tasks_ != planner.tasks) {
         span_ = span;
         tasks_ = planner.tasks;
         sessions_ = planner.sessions;
+        if (otherSessions)
+            sessionsOfDay_ = span ? insights::sessionsOn(*span, sessions_) : decltype(sessionsOfDay_)();
         replaceRows(wantedRows());
     }
     refreshNote();
@@ -90,12 +93,10 @@ HistoryModel::Rows HistoryModel::wantedRows() const {
     if (rows.size() == 1) rows.push_back({NoTasks, {}, tr("No completed tasks for this day.")});
     rows.push_back({SessionsHeading, {}, tr("FOCUS SESSIONS")});
     const auto begin = rows.size();
-    if (span_)
-        for (const auto& [position, minutes] : insights::sessionsOn(*span_, sessions_)) {
-            const auto& session = sessions_[position];
-            rows.push_back(
-                {Session, session.id, QString::fromStdString(session.title), minutes, session.status});
-        }
+    for (const auto& [position, minutes] : sessionsOfDay_) {
+        const auto& session = sessions_[position];
+        rows.push_back({Session, session.id, QString::fromStdString(session.title), minutes, session.status});
+    }
     if (rows.size() == begin) rows.push_back({NoSessions, {}, tr("No focus sessions for this day.")});
     return rows;
 }

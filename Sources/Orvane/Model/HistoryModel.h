@@ -105,6 +105,7 @@ private:
     bool blank_ = false;
     /// What the rows and the note were taken from.
     std::optional<planner::insights::Day> span_;
+    std::vector<planner::insights::SessionOfDay> sessionsOfDay_;
     planner::RecordList<planner::PlannerTask> tasks_;
     planner::RecordList<planner::FocusSession> sessions_;
 };

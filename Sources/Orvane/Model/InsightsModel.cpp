@@ -53,15 +53,17 @@ void InsightsModel::refresh() {
     const auto now = model_->clock().now();
     const auto calendar = model_->clock().calendar();
     const auto& planner = model_->snapshot();
+    const auto today = planner::insights::dayOf(now, calendar);
+    const auto before = week_;
     // Lists that came from one another are compared by their chunks' addresses.
-    if (const auto today = planner::insights::dayOf(now, calendar);
-        today != today_ || tasks_ != planner.tasks || sessions_ != planner.sessions) {
-        today_ = today;
-        tasks_ = planner.tasks;
-        sessions_ = planner.sessions;
+    if (today != today_ || sessions_ != planner.sessions)
         week_ = planner::insights::week(planner, now, calendar);
-        emit weekChanged();
-    }
+    else
+        planner::insights::recount(week_, tasks_, planner.tasks);
+    today_ = today;
+    tasks_ = planner.tasks;
+    sessions_ = planner.sessions;
+    if (week_ != before) emit weekChanged();
 }
 
 QVariantList InsightsModel::days() const {

@@ -18,6 +18,11 @@ bool isWithin(const std::optional<Instant>& instant, const Day& day) {
     return instant && *instant >= day.start && *instant < day.end;
 }
 
+/// Whether a task counts as completed in a week whose first day begins then.
+bool isCompletedSince(Instant begin, const PlannerTask& task) {
+    return task.completedAt && *task.completedAt >= begin;
+}
+
 /// Adds to each of `days`, which are in order, its share of the segments. The order of the additions is
 /// that of `dates::focusSeconds` for each day alone, so the sums are the same numbers.
 void addFocus(std::vector<DayFocus>& days, const RecordList<FocusSession>& sessions) {
@@ -51,7 +56,7 @@ Week week(const PlannerSnapshot& planner, Instant now, const Calendar& calendar)
     addFocus(week.days, planner.sessions);
     const auto begin = week.days.front().day.start;
     for (const auto& task : planner.tasks)
-        if (task.completedAt && *task.completedAt >= begin) ++week.tasksCompleted;
+        if (isCompletedSince(begin, task)) ++week.tasksCompleted;
     double seconds = 0;
     for (const auto& day : week.days) {
         seconds += day.seconds;
@@ -59,6 +64,15 @@ Week week(const PlannerSnapshot& planner, Instant now, const Calendar& calendar)
     }
     week.focusMinutes = checkedTruncation(seconds / 60);
     return week;
+}
+
+void recount(Week& week, const RecordList<PlannerTask>& before, const RecordList<PlannerTask>& after) {
+    if (week.days.empty()) return;
+    const auto begin = week.days.front().day.start;
+    std::size_t gone = 0, come = 0;
+    before.forEachUnshared(after, [&](const auto& task) { gone += isCompletedSince(begin, task) ? 1 : 0; });
+    after.forEachUnshared(before, [&](const auto& task) { come += isCompletedSince(begin, task) ? 1 : 0; });
+    week.tasksCompleted = week.tasksCompleted + come - gone;
 }
 
 std::vector<std::size_t> completedOn(const Day& day, const RecordList<PlannerTask>& tasks) {

@@ -53,6 +53,10 @@ struct Week {
 /// segments of all sessions, whatever the number of days.
 Week week(const PlannerSnapshot& planner, Instant now, const Calendar& calendar);
 
+/// Brings a week's count of tasks, taken from `before`, in line with `after`. Where the one list came from
+/// the other, at a cost that follows what was changed.
+void recount(Week& week, const RecordList<PlannerTask>& before, const RecordList<PlannerTask>& after);
+
 /// The positions of the tasks that were completed on `day`, in the order in which they were.
 std::vector<std::size_t> completedOn(const Day& day, const RecordList<PlannerTask>& tasks);
 

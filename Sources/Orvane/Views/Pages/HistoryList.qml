@@ -18,6 +18,12 @@ FocusScope {
     /// The last row that the keyboard could be on is gone.
     signal emptied
 
+    /// Scrolls as little as it takes to show a row; the first one brings its heading along.
+    function reveal(row: int): void {
+        list.positionViewAtIndex(row === root.history.stopNear(0, 1) ? 0 : row, ListView.Contain);
+        list.positionViewAtIndex(row, ListView.Contain);
+    }
+
     /// Gives the keyboard to the row nearest to `row`, looking in the direction of `step` first.
     function focusRow(row: int, step: int, reason: int): void {
         const stop = root.history.stopNear(row, step);
@@ -25,9 +31,7 @@ FocusScope {
             root.emptied();
             return;
         }
-        // The first row brings its heading along.
-        list.positionViewAtIndex(stop === root.history.stopNear(0, 1) ? 0 : stop, ListView.Contain);
-        list.positionViewAtIndex(stop, ListView.Contain);
+        root.reveal(stop);
         list.itemAtIndex(stop)?.entry.forceActiveFocus(reason);
     }
 
@@ -95,6 +99,11 @@ FocusScope {
             id: over
         }
 
+        function scrollTo(y: real): void {
+            const last = list.originY + list.contentHeight + list.bottomMargin - list.height;
+            list.contentY = Math.max(list.originY, Math.min(y, last));
+        }
+
         delegate: FocusScope {
             id: row
             required property int index
@@ -129,6 +138,10 @@ FocusScope {
                     if (entry.activeFocus)
                         list.currentIndex = row.index;
                 }
+                onVisualFocusChanged: {
+                    if (entry.visualFocus)
+                        root.reveal(row.index);
+                }
                 onReopened: root.reopen(row.index, row.rowId, entry.visualFocus)
                 Keys.onPressed: event => event.accepted = root.rowKey(row.index, event.key)
             }
@@ -143,18 +156,31 @@ FocusScope {
                 gapAbove: row.kind === Orvane.HistoryModel.SessionsHeading
             }
         }
-        // Scrolls with the rows. (A footer would be it, but Qt 6.4 cannot make a bound one.)
+        // Room for the note, which scrolls with the rows. (As a footer, made first, it would come before them
+        // for the Tab key.)
         bottomMargin: root.noteBelow ? note.height + 48 : 24
+    }
+    Item {
+        anchors.fill: list
+        clip: true
+        visible: root.noteBelow
         Orvane.PastNote {
             id: note
             objectName: "noteBelow"
-            parent: list.contentItem
+
+            readonly property real place: list.originY + list.contentHeight + 24
+
             x: 8
-            y: list.originY + list.contentHeight + 24
+            y: note.place - list.contentY
             width: list.width - 2 * x
-            visible: root.noteBelow
             theme: root.theme
             text: root.noteBelow ? root.history.note : ""
+            pageHeight: list.height
+            onScrollWanted: distance => list.scrollTo(list.contentY + distance)
+            onActiveFocusChanged: {
+                if (note.activeFocus)
+                    list.scrollTo(note.place);
+            }
         }
     }
 }

@@ -10,6 +10,11 @@ FocusScope {
     required property Orvane.Theme theme
     required property string text
     property real room: Infinity
+    /// The height of what it stands in where that scrolls as a whole: its keys then ask for that.
+    property real pageHeight: 0
+    readonly property bool inPage: root.pageHeight > 0
+
+    signal scrollWanted(real distance)
 
     readonly property real wanted: Math.max(240, words.height + 32)
 
@@ -62,7 +67,7 @@ FocusScope {
             boundsBehavior: Flickable.StopAtBounds
             interactive: contentHeight > height
             clip: interactive
-            activeFocusOnTab: interactive
+            activeFocusOnTab: scroll.interactive || root.inPage
             focus: true
             Accessible.role: Accessible.StaticText
             Accessible.name: root.text
@@ -75,7 +80,10 @@ FocusScope {
             }
 
             function scrollBy(distance: real): void {
-                scroll.contentY = Math.max(0, Math.min(scroll.contentY + distance, scroll.contentHeight - scroll.height));
+                if (root.inPage)
+                    root.scrollWanted(distance);
+                else
+                    scroll.contentY = Math.max(0, Math.min(scroll.contentY + distance, scroll.contentHeight - scroll.height));
             }
 
             Keys.onUpPressed: scroll.scrollBy(-22)
@@ -83,7 +91,7 @@ FocusScope {
             Keys.onPressed: event => {
                 if (event.key !== Qt.Key_PageUp && event.key !== Qt.Key_PageDown)
                     return;
-                scroll.scrollBy((event.key === Qt.Key_PageUp ? -1 : 1) * (scroll.height - 22));
+                scroll.scrollBy((event.key === Qt.Key_PageUp ? -1 : 1) * ((root.inPage ? root.pageHeight : scroll.height) - 22));
                 event.accepted = true;
             }
 
