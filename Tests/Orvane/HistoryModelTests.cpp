@@ -223,6 +223,32 @@ private slots:
         QCOMPARE(house.rows()[1], noTasks);
     }
 
+    void aLongTextIsCutIntoPartsOfWholeLines() {
+        QCOMPARE(partsOf({}), QStringList());
+        QCOMPARE(partsOf(QStringLiteral("a\n\nb\n")), QStringList(QStringLiteral("a\n\nb\n")));
+        QStringList lines;
+        for (int line = 0; line < 5000; ++line)
+            lines.append(QStringLiteral("Line %1 of a note").arg(line) + QString(line % 3, u'\n'));
+        const auto text = lines.join(u'\n');
+        const auto parts = partsOf(text);
+        QCOMPARE(parts.join(u'\n'), text);
+        QVERIFY(parts.size() <= text.size() / 1900 + 1);
+        for (const auto& part : parts) QVERIFY(part.size() <= 2000);
+    }
+
+    void aLongLineIsCutAtSpacesAndNeverWithinACharacter() {
+        const auto words = QStringLiteral("word ").repeated(3000);
+        QCOMPARE(partsOf(words).join(u' '), words);
+        // Two units each, the first one at an odd place.
+        const auto faces = QStringLiteral("x") + QString::fromUtf8("😀").repeated(5000);
+        const auto parts = partsOf(faces);
+        QCOMPARE(parts.join(QString()), faces);
+        for (const auto& part : parts) {
+            QVERIFY(part.size() <= 2000);
+            QVERIFY(!part.front().isLowSurrogate());
+        }
+    }
+
     void theKeyboardStopsAtTasksAndSessionsOnly() {
         History house(ordinaryYesterday());
         house.history.setDay(yesterday);

@@ -11,6 +11,31 @@ namespace orvane {
 
 namespace insights = planner::insights;
 
+namespace {
+
+/// A few screens of text: quick to lay out, and few of them in a long note.
+constexpr qsizetype partLength = 2000;
+
+} // namespace
+
+QStringList partsOf(const QString& text) {
+    QStringList parts;
+    for (QStringView rest = text; !rest.isEmpty();) {
+        if (rest.size() <= partLength) {
+            parts.append(rest.toString());
+            break;
+        }
+        const auto window = rest.first(partLength + 1);
+        auto end = window.lastIndexOf(u'\n');
+        if (end <= 0) end = window.lastIndexOf(u' ');
+        const bool between = end > 0;
+        if (!between) end = rest[partLength].isLowSurrogate() ? partLength - 1 : partLength;
+        parts.append(rest.first(end).toString());
+        rest = rest.sliced(between ? end + 1 : end);
+    }
+    return parts;
+}
+
 void HistoryModel::setModel(AppModel* model) {
     if (model == model_) return;
     model_ = model;
@@ -35,6 +60,10 @@ void HistoryModel::setDay(const QString& day) {
     day_ = date;
     emit dayChanged();
     refresh();
+}
+
+QStringList HistoryModel::noteParts() const {
+    return partsOf(note_);
 }
 
 QString HistoryModel::dayText() const {

@@ -8,6 +8,7 @@
 #include <QDate>
 #include <QPointer>
 #include <QString>
+#include <QStringList>
 #include <QtQml/qqmlregistration.h>
 
 #include <optional>
@@ -34,6 +35,8 @@ class HistoryModel : public QAbstractListModel {
     Q_PROPERTY(int firstWeekday READ firstWeekday NOTIFY todayChanged)
     /// The day's note; empty when there is none.
     Q_PROPERTY(QString note READ note NOTIFY noteChanged)
+    /// The note in parts to show below each other, so that a long one is laid out as it comes into view.
+    Q_PROPERTY(QStringList noteParts READ noteParts NOTIFY noteChanged)
     /// Whether the day holds nothing at all.
     Q_PROPERTY(bool blank READ blank NOTIFY blankChanged)
 
@@ -55,6 +58,7 @@ public:
     QString today() const { return today_.toString(Qt::ISODate); }
     int firstWeekday() const { return firstWeekday_; }
     const QString& note() const { return note_; }
+    QStringList noteParts() const;
     bool blank() const { return blank_; }
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -109,5 +113,10 @@ private:
     planner::RecordList<planner::PlannerTask> tasks_;
     planner::RecordList<planner::FocusSession> sessions_;
 };
+
+/// A text in parts of at most 2,000 characters, each of whole lines; what stood between two parts, the
+/// line's end, is left out. A longer line is cut at a space, or anywhere between characters where it has
+/// none. Pure.
+QStringList partsOf(const QString& text);
 
 } // namespace orvane

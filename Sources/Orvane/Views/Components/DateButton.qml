@@ -67,8 +67,8 @@ Orvane.BaseButton {
         objectName: "monthPopover"
         parent: root.theme.layer
         theme: root.theme
-        contentWidth: month.implicitWidth
-        contentHeight: month.implicitHeight
+        contentWidth: month.width
+        contentHeight: month.height
         Accessible.role: Accessible.Dialog
         Accessible.name: qsTr("Choose a day")
 

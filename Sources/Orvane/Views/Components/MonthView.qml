@@ -20,6 +20,7 @@ FocusScope {
     signal picked(string day)
 
     // Within, a day is its number since 1970.
+    property bool filled: false
     property int cursor: root.number(root.chosen || root.today)
     readonly property int leastNumber: root.least === "" ? -719162 : root.number(root.least)
     readonly property var month: root.civil(root.cursor)
@@ -61,8 +62,10 @@ FocusScope {
         return new Date(day.year, day.month, day.day, 12).toLocaleDateString(Qt.locale(), Locale.LongFormat);
     }
 
-    /// Shows the chosen day's month, or today's, with the cursor on that day.
+    /// Shows the chosen day's month, or today's, with the cursor on that day. The days are made when this is
+    /// first called, which whoever opens it does.
     function reset(): void {
+        root.filled = true;
         root.cursor = Math.max(root.leastNumber, root.number(root.chosen || root.today));
     }
 
@@ -189,7 +192,7 @@ FocusScope {
         Repeater {
             id: days
             // As many as any month needs: they stay while months change.
-            model: 42
+            model: root.filled ? 42 : 0
             delegate: Orvane.MonthDay {
                 id: day
                 required property int index

@@ -93,7 +93,7 @@ FocusScope {
         width: 400
         visible: !root.narrow
         theme: root.theme
-        text: root.narrow ? "" : history.note
+        parts: root.narrow ? [] : history.noteParts
         room: list.height - 24
     }
 }

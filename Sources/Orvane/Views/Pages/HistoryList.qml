@@ -174,8 +174,10 @@ FocusScope {
             y: note.place - list.contentY
             width: list.width - 2 * x
             theme: root.theme
-            text: root.noteBelow ? root.history.note : ""
-            pageHeight: list.height
+            parts: root.noteBelow ? root.history.noteParts : []
+            // A very long one scrolls in a sheet of its own after all: not all of it is laid out.
+            room: note.parts.length > 10 ? list.height - 48 : Infinity
+            pageHeight: note.parts.length > 10 ? 0 : list.height
             onScrollWanted: distance => list.scrollTo(list.contentY + distance)
             onActiveFocusChanged: {
                 if (note.activeFocus)

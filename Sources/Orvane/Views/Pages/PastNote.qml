@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Templates as T
 import Orvane as Orvane
@@ -8,7 +10,8 @@ FocusScope {
     id: root
 
     required property Orvane.Theme theme
-    required property string text
+    /// The text in parts to show below each other.
+    required property list<string> parts
     property real room: Infinity
     /// The height of what it stands in where that scrolls as a whole: its keys then ask for that.
     property real pageHeight: 0
@@ -16,7 +19,8 @@ FocusScope {
 
     signal scrollWanted(real distance)
 
-    readonly property real wanted: Math.max(240, words.height + 32)
+    readonly property bool empty: root.parts.length === 0
+    readonly property real wanted: Math.max(240, scroll.contentHeight + 32)
 
     implicitHeight: sheet.visible ? sheet.y + sheet.height : none.height
     height: implicitHeight
@@ -37,7 +41,7 @@ FocusScope {
         y: heading.height
         width: root.width + 16
         height: implicitHeight
-        visible: root.text === ""
+        visible: root.empty
         theme: root.theme
         text: qsTr("No note for this day.")
         heading: false
@@ -48,13 +52,13 @@ FocusScope {
         y: heading.height + 12
         width: root.width
         height: Math.round(Math.min(root.wanted, Math.max(120, root.room - y)))
-        visible: root.text !== ""
+        visible: !root.empty
         radius: Orvane.Metrics.cardRadius
         color: root.theme.tones.card
         border.width: 1
         border.color: root.theme.tones.line
 
-        Flickable {
+        ListView {
             id: scroll
             objectName: "noteScroll"
             // Clear of the round corners and of the outline.
@@ -63,14 +67,17 @@ FocusScope {
             anchors.bottomMargin: 16
             anchors.leftMargin: 1
             anchors.rightMargin: 1
-            contentHeight: words.height
+            model: root.parts
+            cacheBuffer: 0
+            keyNavigationEnabled: false
+            highlightFollowsCurrentItem: false
             boundsBehavior: Flickable.StopAtBounds
             interactive: contentHeight > height
             clip: interactive
             activeFocusOnTab: scroll.interactive || root.inPage
             focus: true
-            Accessible.role: Accessible.StaticText
-            Accessible.name: root.text
+            Accessible.role: Accessible.List
+            Accessible.name: qsTr("DAILY NOTE")
             T.ScrollBar.vertical: Orvane.ScrollBar {
                 theme: root.theme
                 near: over.hovered
@@ -83,7 +90,7 @@ FocusScope {
                 if (root.inPage)
                     root.scrollWanted(distance);
                 else
-                    scroll.contentY = Math.max(0, Math.min(scroll.contentY + distance, scroll.contentHeight - scroll.height));
+                    scroll.contentY = Math.max(scroll.originY, Math.min(scroll.contentY + distance, scroll.originY + scroll.contentHeight - scroll.height));
             }
 
             Keys.onUpPressed: scroll.scrollBy(-22)
@@ -95,16 +102,16 @@ FocusScope {
                 event.accepted = true;
             }
 
-            Orvane.Label {
-                id: words
+            delegate: Orvane.Label {
+                required property string modelData
                 objectName: "noteText"
-                x: 19
-                width: scroll.width - 2 * x
+                leftPadding: 19
+                rightPadding: 19
+                width: scroll.width
                 kind: Orvane.Type.note
-                text: root.text
+                text: modelData
                 color: root.theme.tones.text
                 wrapMode: Text.Wrap
-                Accessible.ignored: true
             }
         }
         Orvane.FocusRing {
