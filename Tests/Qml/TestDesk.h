@@ -6,6 +6,8 @@
 #include "Model/PanelState.h"
 #include "Orvane/ModelFixture.h"
 
+#include <PlannerCore/BackupFile.h>
+
 #include <QClipboard>
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -118,6 +120,19 @@ public:
             stage_->house.disk.failWrites(SQLITE_FULL);
         else
             stage_->house.disk.heal();
+    }
+    /// Agrees to put a backup with these open tasks in the planner's place; `settle` lets that happen.
+    Q_INVOKABLE void beginRestore(const QStringList& titles) {
+        planner::PlannerSnapshot backup;
+        for (const auto& title : titles)
+            backup.tasks.push_back({planner::Uuid::random(), title.toStdString(), desk().clock.now(),
+                                    static_cast<std::int64_t>(backup.tasks.size())});
+        const auto file = stage_->house.folder().parent_path() / "Backup.json";
+        planner::writeBackup(backup, file);
+        model()->importBackup();
+        desk().filePanels.choose(file);
+        settle();
+        desk().alerts.choose(0);
     }
     /// Lets the end of a focus session be announced while notifications are refused, which the reminder
     /// service takes down as its problem.

@@ -45,6 +45,23 @@ TestCase {
         verify(root.item("tasksCard"));
     }
 
+    function test_a_restore_shows_a_turning_ring_until_the_other_planner_is_there(): void {
+        desk.open(["One"]);
+        root.show();
+        verify(root.item("tasksCard"));
+        desk.beginRestore(["Two", "Three"]);
+        compare(root.item("tasksCard"), null);
+        const text = root.item("openingPlanner");
+        compare(text.text, "Opening your planner…");
+        const ring = text.parent.children[0];
+        tryVerify(() => ring.children[1].rotation > 0);
+        desk.settle();
+        compare(root.item("openingPlanner"), null);
+        verify(root.item("tasksCard"));
+        compare(desk.openTitles(), ["Two", "Three"]);
+        compare(root.item("footerMessage").text, "Backup restored. Previous data was backed up locally.");
+    }
+
     function test_a_store_that_fails_offers_a_retry_and_no_cards(): void {
         desk.begin(["One"]);
         desk.failOpening(true);

@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QStandardPaths>
 #include <QWindow>
@@ -88,7 +89,7 @@ void DialogFilePanels::presentFilePanel(std::unique_ptr<QFileDialog> panel, Answ
 
 void DialogFilePanels::finish(QFileDialog* panel, const Answer& completion) {
     const auto files = panel->result() == QDialog::Accepted ? panel->selectedFiles() : QStringList();
-    if (!files.isEmpty()) folder_ = panel->directory().absolutePath();
+    if (!files.isEmpty()) folder_ = QFileInfo(files.front()).absolutePath();
     // It is in the middle of closing, and its connection holds the completion: both end afterwards.
     const auto answer = completion;
     const auto place = std::find_if(shown_.begin(), shown_.end(),
