@@ -47,12 +47,7 @@ class Home:
 
     def seed_default(self, key, value):
         """Adds one of the program's other small values beside the preferences."""
-        with open(self.config / "Orvane" / "Orvane.conf", "a", encoding="utf-8") as file:
-            file.write(f"{key}=@ByteArray({value})\n")
-
-    def seed_default(self, key, value):
-        """Adds one of the program's other small values beside the preferences."""
-        with open(self.config / "Orvane" / "Orvane.conf", "a", encoding="utf-8") as file:
+        with open(self.preferences_file, "a", encoding="utf-8") as file:
             file.write(f"{key}=@ByteArray({value})\n")
 
     @property

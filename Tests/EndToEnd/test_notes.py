@@ -2,8 +2,6 @@
 becomes a task."""
 
 import datetime
-import json
-import sqlite3
 
 from harness import Keyboard, Pointer, main, wait_until
 from planner import SAVED, PlannerTest
@@ -23,12 +21,7 @@ class Notes(PlannerTest):
 
     def notes(self):
         """The stored notes' texts by day."""
-        connection = sqlite3.connect(f"file:{self.home.store}?mode=ro", uri=True, timeout=10)
-        try:
-            rows = connection.execute("SELECT payload FROM PlannerRecord WHERE kind = 'note'").fetchall()
-        finally:
-            connection.close()
-        return {note["id"]: note["text"] for note in (json.loads(payload) for (payload,) in rows)}
+        return {note["id"]: note["text"] for note in self.home.records("note")}
 
     def wait_notes(self, expected):
         wait_until(lambda: self.notes() == expected, f"the store to hold {expected}")

@@ -14,6 +14,8 @@ from harness import Desktop, Keyboard, screenshot_at_rest
 from planner import Home, Orvane
 
 TASKS = ("Water the ferns", "Answer the letter from Ada", "Plan the trip to the coast")
+PAGES = (("Today", "Make room for today."), ("Insights", "A week of little wins."), ("History", "Look back"),
+         ("Settings", "Your space, your way."))
 
 
 class Tour:
@@ -45,8 +47,11 @@ class Tour:
         self.reorder(third, second)
         self.delete(second)
         self.undo(second, third)
+        self.focus(third)
+        self.write_note()
+        self.dashboard()
         self.quit()
-        self.begin_again(third, second)
+        self.begin_again(third, second, "Send Marta the measurements")
 
     def begin(self):
         self.say("Orvane starts: the strip stands at the top centre of the screen.")
@@ -97,6 +102,42 @@ class Tour:
         self.orvane.wait_titles(other, title)
         self.orvane.wait_saved()
         self.picture("undone")
+
+    def focus(self, title):
+        self.say(f"“{title}” gets twenty-five minutes of focus, is paused and finished.")
+        self.orvane.choose(title, "Focus on this")
+        self.orvane.wait_for("IN SESSION")
+        self.picture("focus")
+        self.orvane.click("Pause")
+        self.orvane.wait_for("PAUSED")
+        self.picture("paused")
+        self.orvane.click("Finish session")
+        self.orvane.wait_for("READY")
+
+    def write_note(self):
+        self.say("A note is written; Ctrl+Return turns a line of it into a task.")
+        self.orvane.click("Daily notepad", role="text")
+        Keyboard.type("The reading room is quiet before nine.")
+        Keyboard.press("Return")
+        Keyboard.type("Send Marta the measurements")
+        Keyboard.press("ctrl+Return")
+        self.orvane.wait_for("Added to your tasks. Your note is unchanged.")
+        self.orvane.wait_until_stored(lambda tasks: any(
+            task["title"] == "Send Marta the measurements" for task in tasks))
+        self.picture("note")
+
+    def dashboard(self):
+        self.say("The Dashboard shows the day, the week, the past and the settings, by day and by night.")
+        self.orvane.click("Open dashboard")
+        for page, landmark in PAGES:
+            self.orvane.click(page, role="page tab")
+            self.orvane.wait_for(landmark)
+            self.picture(page.lower())
+        self.orvane.click("Dark", role="radio button")
+        for page, landmark in PAGES:
+            self.orvane.click(page, role="page tab")
+            self.orvane.wait_for(landmark)
+            self.picture(page.lower() + "-dark")
 
     def quit(self):
         self.say("Ctrl+Q quits.")
