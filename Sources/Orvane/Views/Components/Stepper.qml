@@ -115,6 +115,16 @@ FocusScope {
                     color: root.theme.tones.line
                 }
             }
+            // The template would make a content item one more stop of the Tab key.
+            Orvane.Label {
+                id: words
+                objectName: "stepperText"
+                anchors.centerIn: parent
+                kind: Orvane.Type.figure
+                text: root.text
+                color: root.enabled ? root.theme.tones.text : root.theme.tones.off
+                Accessible.ignored: true
+            }
         }
         down.indicator: Sign {
             symbol: "minus"
@@ -128,19 +138,6 @@ FocusScope {
             hovered: spin.up.hovered
             pressed: spin.up.pressed
             usable: root.enabled && root.value < root.to
-        }
-        // The template makes its content a second stop for the Tab key.
-        Component.onCompleted: spin.contentItem.activeFocusOnTab = false
-        contentItem: Item {
-            Orvane.Label {
-                id: words
-                objectName: "stepperText"
-                anchors.centerIn: parent
-                kind: Orvane.Type.figure
-                text: root.text
-                color: root.enabled ? root.theme.tones.text : root.theme.tones.off
-                Accessible.ignored: true
-            }
         }
         Orvane.FocusRing {
             theme: root.theme
