@@ -79,11 +79,13 @@ int NoteLayout::hitTest(const QPointF& point, Qt::HitTestAccuracy accuracy) cons
 }
 
 QSizeF NoteLayout::documentSize() const {
-    return {width_, height()};
+    // Each time that this changes a TextEdit counts all lines, which makes a layout for every paragraph: so
+    // it is what the editor takes an empty text for.
+    return {width_, std::ceil(QFontMetricsF(document()->defaultFont()).height())};
 }
 
 QRectF NoteLayout::frameBoundingRect(QTextFrame*) const {
-    return {QPointF(), documentSize()};
+    return {0, 0, width_, height()};
 }
 
 QRectF NoteLayout::blockBoundingRect(const QTextBlock& block) const {
@@ -97,16 +99,14 @@ void NoteLayout::documentChanged(int from, int charsRemoved, int charsAdded) {
     letterWidth_ = std::max(1.0, metrics.averageCharWidth());
     width_ = std::max(1.0, document()->pageSize().width());
     const auto first = document()->findBlock(from);
-    const auto last = document()->findBlock(from + std::max(charsAdded, charsRemoved));
-    const int end = last.isValid() ? last.blockNumber() : document()->blockCount() - 1;
-    const bool typed = end - first.blockNumber() < typedBlocks;
+    auto last = document()->findBlock(from + std::max(charsAdded, charsRemoved));
+    if (!last.isValid()) last = document()->lastBlock();
+    const bool typed = last.blockNumber() - first.blockNumber() < typedBlocks;
     const bool small = document()->characterCount() <= smallText;
-    for (auto block = first; block.isValid() && block.blockNumber() <= end; block = block.next()) {
+    for (auto block = first; block.isValid(); block = block.next()) {
         block.clearLayout();
-        if (typed || small)
-            block.setLineCount(breakLines(block));
-        else
-            block.setLineCount(estimate(block));
+        block.setLineCount(typed || small ? breakLines(block) : estimate(block));
+        if (block == last) break;
     }
     emit changed();
 }

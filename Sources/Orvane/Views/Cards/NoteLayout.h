@@ -31,6 +31,7 @@ public:
     void draw(QPainter* painter, const PaintContext& context) override;
     int hitTest(const QPointF& point, Qt::HitTestAccuracy accuracy) const override;
     int pageCount() const override { return 1; }
+    /// The width, and the height of an empty text: who wants to know the text's asks for `height`.
     QSizeF documentSize() const override;
     QRectF frameBoundingRect(QTextFrame* frame) const override;
     /// Lays the paragraph out: who asks for it goes on to look at its lines.
