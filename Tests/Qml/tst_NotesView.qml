@@ -67,6 +67,20 @@ NotesCase {
         compare(root.text.positionAt(2, 5000), 16);
     }
 
+    function test_each_paragraph_begins_where_its_language_is_read(): void {
+        root.startNotes("One\nשלום וברכה לכולם ביום הזה ובימים הבאים\n\nFour");
+        const x = position => root.text.positionToRectangle(position).x;
+        compare(x(0), 0);
+        compare(x(4), root.text.width);
+        verify(root.text.positionToRectangle(42).y > root.text.positionToRectangle(4).y, "it has a second line");
+        verify(x(42) > 0, "which begins at the right, too");
+        compare(x(43), 0);
+        compare(x(44), 0);
+        root.go(43);
+        desk.compose(root.text, "אב", "");
+        verify(root.text.cursorRectangle.x > 100);
+    }
+
     function test_a_press_below_the_text_takes_the_keyboard(): void {
         root.startNotes("One");
         root.item("previousNote").forceActiveFocus();

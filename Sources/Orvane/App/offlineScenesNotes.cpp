@@ -1,6 +1,10 @@
 #include "App/offlineActs.h"
 #include "App/offlineScenes.h"
 
+#include <QCoreApplication>
+#include <QInputMethodEvent>
+#include <QTextCharFormat>
+
 namespace orvane::offline {
 namespace {
 
@@ -56,10 +60,23 @@ void takeKeyboard(Stage& stage) {
     wait(50);
 }
 
+/// An input method shows what it has not finished.
+void compose(Stage& stage) {
+    takeKeyboard(stage);
+    QTextCharFormat underlined;
+    underlined.setFontUnderline(true);
+    const QString text = QStringLiteral(" and the adapter");
+    QInputMethodEvent event(text, {{QInputMethodEvent::TextFormat, 0, int(text.size()), QVariant(underlined)},
+                                   {QInputMethodEvent::Cursor, int(text.size()), 1, {}}});
+    QCoreApplication::sendEvent(stage.find("noteText"), &event);
+    wait(50);
+}
+
 std::map<QString, Scene> states() {
     return {{"notes-empty", {Window::panel, ordinaryDay}},
             {"notes-text", {Window::panel, ordinaryDay, idle, ordinary}},
             {"notes-writing", {Window::panel, ordinaryDay, idle, ordinary, takeKeyboard}},
+            {"notes-composing", {Window::panel, ordinaryDay, idle, ordinary, compose}},
             {"notes-selection",
              {Window::panel, ordinaryDay, idle, ordinary,
               [](Stage& s) {

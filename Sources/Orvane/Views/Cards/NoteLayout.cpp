@@ -119,6 +119,10 @@ int NoteLayout::breakLines(const QTextBlock& block) const {
     QTextLayout& layout = *block.layout();
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    // Each paragraph begins on the side on which its own first letter is read.
+    const bool rightToLeft = (block.text() + layout.preeditAreaText()).isRightToLeft();
+    option.setTextDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+    option.setAlignment(rightToLeft ? Qt::AlignRight : Qt::AlignLeft);
     layout.setTextOption(option);
     layout.setFont(document()->defaultFont());
     layout.beginLayout();
