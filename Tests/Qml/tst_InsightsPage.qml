@@ -60,35 +60,13 @@ TestCase {
 
     readonly property var ordinary: ({
             tasks: [
-                {
-                    title: "Early",
-                    daysAgo: 7,
-                    hour: 23
-                },
-                {
-                    title: "First",
-                    daysAgo: 6,
-                    hour: 0
-                },
-                {
-                    title: "Last",
-                    daysAgo: 0,
-                    hour: 1
-                }
+                { title: "Early", daysAgo: 7, hour: 23 },
+                { title: "First", daysAgo: 6, hour: 0 },
+                { title: "Last", daysAgo: 0, hour: 1 }
             ],
             sessions: [
-                {
-                    title: "Read",
-                    daysAgo: 6,
-                    hour: 12,
-                    minutes: 90
-                },
-                {
-                    title: "Write",
-                    daysAgo: 1,
-                    hour: 23.5,
-                    minutes: 61
-                }
+                { title: "Read", daysAgo: 6, hour: 12, minutes: 90 },
+                { title: "Write", daysAgo: 1, hour: 23.5, minutes: 61 }
             ]
         })
 
@@ -129,18 +107,8 @@ TestCase {
     function test_a_few_seconds_of_focus_are_seen_too(): void {
         root.show({
             sessions: [
-                {
-                    title: "Long",
-                    daysAgo: 1,
-                    hour: 1,
-                    minutes: 1200
-                },
-                {
-                    title: "Short",
-                    daysAgo: 0,
-                    hour: 1,
-                    minutes: 0.1
-                }
+                { title: "Long", daysAgo: 1, hour: 1, minutes: 1200 },
+                { title: "Short", daysAgo: 0, hour: 1, minutes: 0.1 }
             ]
         });
         compare(root.bars()[6].barHeight, 2);
@@ -168,6 +136,15 @@ TestCase {
     function test_reopening_a_task_in_the_panel_takes_it_out_of_the_count(): void {
         root.show(root.ordinary);
         desk.model.toggleTask(desk.model.completedTasks.idAt(2));
+        compare(root.tile("tasksCompleted"), "1");
+    }
+
+    function test_out_of_sight_it_rests_and_catches_up_afterwards(): void {
+        root.show(root.ordinary);
+        root.view.visible = false;
+        desk.model.toggleTask(desk.model.completedTasks.idAt(2));
+        compare(root.tile("tasksCompleted"), "2");
+        root.view.visible = true;
         compare(root.tile("tasksCompleted"), "1");
     }
 
