@@ -7,7 +7,7 @@ import threading
 import uuid
 from pathlib import Path
 
-from harness import Keyboard, Pointer, main, run, wait_until
+from harness import SCREEN, Keyboard, Pointer, main, run, wait_until
 from planner import PlannerTest
 
 EXPORT = "Export JSON backup…"
@@ -255,6 +255,10 @@ class Restore(BackupTest):
 
 
 class Killed(BackupTest):
+    def begun_copies(self):
+        """The safety copies, also those that are not whole yet or never became so."""
+        return list(self.home.planner.glob("*Before-restore-*"))
+
     def test_killed_at_any_moment_of_a_restore_the_planner_is_the_old_or_the_new_one_whole(self):
         seed = int(os.environ.get("ORVANE_SEED") or random.randrange(1 << 32))
         print("seed", seed)
@@ -268,11 +272,15 @@ class Killed(BackupTest):
             wanted = planners[attempt % 2]
             self.choose(RESTORE, self.files / f"{wanted[0]}.json")
             self.orvane.wait_for(QUESTION)
-            killer = threading.Timer(chance.uniform(0, 1.5), self.orvane.process.kill)
+            begun = len(self.begun_copies())
             Keyboard.press("Return")
+            wait_until(lambda: len(self.begun_copies()) > begun, "the safety copy to be begun")
+            killer = threading.Timer(chance.uniform(0, 0.35), self.orvane.process.kill)
             killer.start()
             killer.join()
             self.orvane.kill()
+            # Where the strip will be, the pointer would open it at once.
+            Pointer.move(SCREEN[0] / 2, SCREEN[1] - 20)
             self.orvane = self.started()
             found = self.home.titles()
             self.assertTrue(found in (present, wanted), f"{len(found)} tasks that are no planner of ours")
