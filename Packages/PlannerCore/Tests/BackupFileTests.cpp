@@ -79,7 +79,7 @@ TEST(BackupFile, ThatIsNewIsForItsOwnerAlone) {
 
 TEST(BackupFile, ThatIsReplacedKeepsItsPermissions) {
     const ScratchFolder folder;
-    for (const mode_t mode : {0644, 0640, 0666, 0755, 0600}) {
+    for (const mode_t mode : {0644u, 0640u, 0666u, 0755u, 0600u}) {
         writeFile(folder / "Orvane.json", "old");
         chmod((folder / "Orvane.json").c_str(), mode);
         EXPECT_EQ(writing(folder / "Orvane.json"), "written");
