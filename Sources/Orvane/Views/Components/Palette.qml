@@ -38,12 +38,12 @@ QtObject {
         lilac: root.lilac
         paper: root.paper
         clay: "#F0B49F"
+        ready: "#6E7B6A"
         fill: root.sage
         fillHover: "#D9E5D1"
         fillPress: "#B3C2A9"
         inkOnFill: root.ink
         tick: "#313A33"
-        ready: "#6E7B6A"
         paperBadge: root.paper
         switchOff: "#39433B"
         switchHover: "#465148"
@@ -71,12 +71,12 @@ QtObject {
         lilac: root.lilac
         paper: root.paper
         clay: "#F0B49F"
+        ready: "#6E7B6A"
         fill: root.sage
         fillHover: "#D9E5D1"
         fillPress: "#B3C2A9"
         inkOnFill: root.ink
         tick: "#343D36"
-        ready: "#6E7B6A"
         paperBadge: root.paper
         switchOff: "#39433B"
         switchHover: "#465148"
@@ -104,12 +104,12 @@ QtObject {
         lilac: "#5A4F86"
         paper: "#7A5A12"
         clay: "#9A3F28"
+        ready: "#7F9378"
         fill: root.accent
         fillHover: "#4A6B50"
         fillPress: "#35503A"
         inkOnFill: "#FFFFFF"
         tick: "#E0DDD0"
-        ready: "#7F9378"
         paperBadge: "#F3E5B4"
         switchOff: "#7C867E"
         switchHover: "#6E7870"

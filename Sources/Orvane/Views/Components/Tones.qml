@@ -27,6 +27,8 @@ QtObject {
     required property color lilac
     required property color paper
     required property color clay
+    /// The dial before a session.
+    required property color ready
 
     // Filled buttons.
     required property color fill
@@ -35,8 +37,6 @@ QtObject {
     required property color inkOnFill
 
     required property color tick
-    /// The dial before a session.
-    required property color ready
     /// The badge of the notes.
     required property color paperBadge
     // A switch that is off: its track, also under the pointer, and its knob.
