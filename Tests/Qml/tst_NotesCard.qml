@@ -147,6 +147,16 @@ NotesCase {
         compare(desk.model.noteText(), "Other");
     }
 
+    function test_what_was_composed_over_another_text_stands(): void {
+        root.startNotes("One");
+        root.go(3);
+        desk.compose(root.text, "に", "");
+        desk.model.updateNote("Other");
+        desk.compose(root.text, "", "日本");
+        compare(root.text.getText(0, root.text.length), desk.model.noteText());
+        verify(desk.model.noteText().includes("日本"));
+    }
+
     function test_what_is_composed_never_reaches_another_day(): void {
         root.startNotes("One");
         desk.compose(root.text, "に", "");
@@ -215,6 +225,10 @@ NotesCase {
         text.insert(0, "No. ");
         compare(root.text.getText(0, root.text.length), "No. One!");
         compare(root.text.cursorPosition, 8);
+        keyClick(Qt.Key_Z, Qt.ControlModifier);
+        compare(desk.model.noteText(), "One!", "the other card's edit is undone by itself");
+        keyClick(Qt.Key_Z, Qt.ControlModifier | Qt.ShiftModifier);
+        root.go(8);
         other.visible = false;
         root.typeText("?");
         compare(text.getText(0, text.length), "No. One!", "nobody sees it");

@@ -107,6 +107,12 @@ NotesCase {
         keyClick("y");
         compare(desk.model.noteText().length, 5000000);
         compare(root.text.getText(2500498, 2500501), "xyx");
+        keyClick("z");
+        keyClick(Qt.Key_Z, Qt.ControlModifier);
+        verify(desk.model.noteText().length < 5000000, "a refused key does not stand in the way of Undo");
+        keyClick(Qt.Key_Z, Qt.ControlModifier | Qt.ShiftModifier);
+        compare(desk.model.noteText().length, 5000000);
+        compare(root.text.length, 5000000);
         desk.advance(1);
         compare(desk.storedNote(root.today).length, 5000000);
     }

@@ -59,7 +59,12 @@ void NoteDocument::show(const QString& text) {
     editor_->setProperty("cursorPosition", 0);
 }
 
-void NoteDocument::replace(const QString& text) {
+void NoteDocument::replace(const QString& text, bool refused) {
+    const QScopedValueRollback own(own_, true);
+    if (refused && document_->isUndoAvailable()) {
+        document_->undo();
+        text_ = textOf(*document_);
+    }
     const QString wanted = normalized(text);
     if (wanted == text_) return;
     const auto most = std::min(text_.size(), wanted.size());
@@ -68,12 +73,8 @@ void NoteDocument::replace(const QString& text) {
     qsizetype back = 0;
     while (back < most - front && text_[text_.size() - 1 - back] == wanted[wanted.size() - 1 - back]) ++back;
     if (back > 0 && text_[text_.size() - back].isLowSurrogate()) --back;
-    const QScopedValueRollback own(own_, true);
     QTextCursor cursor(document_);
-    if (document_->isUndoAvailable())
-        cursor.joinPreviousEditBlock();
-    else
-        cursor.beginEditBlock();
+    cursor.beginEditBlock();
     cursor.setPosition(int(front));
     cursor.setPosition(int(text_.size() - back), QTextCursor::KeepAnchor);
     cursor.insertText(wanted.mid(front, wanted.size() - back - front));

@@ -40,8 +40,8 @@ public:
     /// what an input method has not finished is dropped. The cursor goes to the beginning.
     Q_INVOKABLE void show(const QString& text);
     /// Makes the text of the same note `text` where it differs. The cursor stays where it was, as near as
-    /// that text allows; Undo goes back behind the last edit.
-    Q_INVOKABLE void replace(const QString& text);
+    /// that text allows. An edit that was `refused` is undone first, so that Undo does not bring it back.
+    Q_INVOKABLE void replace(const QString& text, bool refused);
     /// The line that contains `position`, with its ending; a position beyond the end counts as the end.
     Q_INVOKABLE QString line(int position) const;
     /// The position a page above (`direction` -1) or below (1) `position`, for pages of `height` pixels.

@@ -22,24 +22,27 @@ FocusScope {
     signal edited(string text)
     /// The user wants a task of this line, which comes with its ending.
     signal converted(string line)
+    /// Composing is over, and this day's text may be another one meanwhile.
+    signal freed
 
     /// Takes another day's text in.
     function show(text: string): void {
-        root.pending = null;
+        root.behind = false;
         note.show(text);
         flick.contentY = 0;
     }
 
-    /// Makes this day's text `text`; while one is being composed, as soon as that is over.
-    function replace(text: string): void {
+    /// Makes this day's text `text`, but not while something is being composed in it: `freed` tells when
+    /// that is over. `refused` says that the user's last edit was.
+    function replace(text: string, refused: bool): void {
         if (edit.inputMethodComposing)
-            root.pending = text;
+            root.behind = true;
         else
-            note.replace(text);
+            note.replace(text, refused);
     }
 
-    /// The text that waits for the end of composing.
-    property var pending: null
+    /// Whether a text was not taken in because of composing.
+    property bool behind: false
 
     function keepInSight(): void {
         const at = edit.cursorRectangle;
@@ -125,11 +128,10 @@ FocusScope {
                 root.keepInSight();
             }
             onInputMethodComposingChanged: {
-                if (edit.inputMethodComposing || root.pending === null)
+                if (edit.inputMethodComposing || !root.behind)
                     return;
-                const text = root.pending;
-                root.pending = null;
-                note.replace(text);
+                root.behind = false;
+                root.freed();
             }
 
             // The editor would leave its own where it was when lines above it are laid out.

@@ -37,7 +37,7 @@ Orvane.Card {
         if (!root.stale || !root.shown)
             return;
         root.stale = false;
-        editor.replace(root.model.noteText());
+        editor.replace(root.model.noteText(), root.giving);
     }
 
     function convert(line: string): void {
@@ -125,6 +125,7 @@ Orvane.Card {
             root.giving = false;
         }
         onConverted: line => root.convert(line)
+        onFreed: editor.replace(root.model.noteText(), false)
         onEditingChanged: root.model.editingNote = editor.editing
     }
     Rectangle {
