@@ -37,7 +37,7 @@ Orvane.SettingsRow {
             notes: {
                 name: qsTr("Notes"),
                 symbol: "square.and.pencil",
-                color: root.theme.tones.noteBadge,
+                color: root.theme.tones.paperBadge,
                 glyph: Orvane.Palette.ink
             },
             agenda: {
