@@ -53,8 +53,14 @@ class BackupTest(PlannerTest):
                 self.orvane.open()
             self.orvane.wait_for("Open dashboard").press()
             self.orvane.wait_for("Today", role="page tab")
-        if self.orvane.find("Settings", role="page tab"):
-            self.orvane.click("Settings", role="page tab")
+        self.orvane.click("Settings", role="page tab")
+        left, top, _, _ = self.orvane.wait_for("Today", role="page tab").box()
+
+        def scrolled_to():
+            # They stand at the end of a page that is longer than its window.
+            Pointer.click(left + 400, top + 300, times=5, button=5)
+            return self.orvane.find(RESTORE, role="button")
+        wait_until(scrolled_to, "the end of the page")
         return self.orvane.wait_for(RESTORE, role="button")
 
     def show_today(self):

@@ -43,7 +43,7 @@ class FocusTest(PlannerTest):
 
         orvane.click("Open dashboard", role="push button")
         orvane.click("Insights", role="page tab")
-        orvane.wait_for("DAYS WITH FOCUS")
+        orvane.wait_for(starting="DAYS WITH FOCUS")
         orvane.click("History", role="page tab")
         orvane.wait_for("FOCUS SESSIONS")
         wait_until(lambda: any(TASK in item.name for item in orvane.items()), "the session in the History")
