@@ -3,7 +3,7 @@
 
 #include "Platform/Linux/DisplayProbe.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QQuickView>
 #include <QTemporaryFile>
 
@@ -12,7 +12,7 @@
 int main(int argc, char* argv[]) {
     qputenv("QT_QPA_PLATFORM", "xcb");
     if (!orvane::hasGraphicsHardware()) QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    const QGuiApplication application(argc, argv);
+    const QApplication application(argc, argv);
     QTemporaryFile file;
     if (!file.open()) return 1;
     file.write("import QtQuick\nimport QtQuick.Templates as T\n"
@@ -24,5 +24,5 @@ int main(int argc, char* argv[]) {
     window.setGeometry(860, 0, 200, 32);
     window.setSource(QUrl::fromLocalFile(file.fileName()));
     window.show();
-    return QGuiApplication::exec();
+    return QApplication::exec();
 }

@@ -83,7 +83,7 @@ void measurePreferences() {
     SettingsUserDefaults defaults(desk.log);
     Platform platform{desk.clock,         desk.storeExecutor, desk.dataFolder, defaults,     desk.information,
                       desk.notifications, desk.events,        desk.loginItem,  desk.hotKeys, desk.screens,
-                      desk.systemEvents,  desk.alerts,        desk.log};
+                      desk.systemEvents,  desk.alerts,        desk.filePanels, desk.log};
     SettingsModel settings(platform);
     std::printf("\n%-28s %9s %9s %9s\n", "preferences, ms", "median", "processor", "worst");
     const auto change = [&](int round) { settings.setCardWidth(230 + 10 * (round % 16)); };
@@ -126,6 +126,26 @@ void measure(unsigned count) {
            [&](int round) { search.setNeedle(QStringLiteral("number %1").arg(round)); });
     search.setTasks(nullptr);
     report(house, "move by one, at the end", [&](int) { model.moveTask(model.snapshot().tasks.back(), -1); });
+}
+
+/// Closing a stretch of a session that has run for 24 hours, in 5,760 segments.
+void measureLongSession() {
+    ModelFixture house;
+    house.load();
+    auto& model = *house.model;
+    auto session = test::session(house.add(QStringLiteral("A long day")), planner::FocusStatus::paused);
+    session.mode = planner::FocusMode::stopwatch;
+    for (int number = 0; number < 5760; ++number) session.segments.push_back({{15.0 * number}, 15});
+    house.platform.settle();
+    model.focus()->restore(session);
+    model.focus()->resume();
+    mainThread(house, [] {});
+    std::printf("\n%-28s %9s %9s %9s\n", "a day's session, ms", "median", "processor", "worst");
+    report(house, "checkpoint", [&](int) {
+        auto& clock = house.platform.clock;
+        clock.setUptime(clock.uptime() + 15);
+        model.focus()->checkpoint();
+    });
 }
 
 /// The least that a page could cost: every number that it depends on is read once.
@@ -183,5 +203,6 @@ void measurePages() {
 int main() {
     measurePreferences();
     for (const auto count : {1'000u, 10'000u, 100'000u - rounds}) measure(count);
+    measureLongSession();
     measurePages();
 }

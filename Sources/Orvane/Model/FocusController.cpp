@@ -20,7 +20,6 @@ QString text(std::string_view utf8) {
 
 } // namespace
 
-using planner::FocusEngine;
 using planner::FocusMode;
 using planner::FocusSession;
 using planner::FocusStatus;
