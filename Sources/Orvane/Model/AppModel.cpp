@@ -6,16 +6,13 @@
 #include "Platform/Clock.h"
 #include "Platform/Platform.h"
 
-#include <PlannerCore/PlannerDates.h>
-
 #include <utility>
 
 namespace orvane {
 
 AppModel::AppModel(Platform& platform, QObject* parent)
     : QObject(parent), platform_(platform), saveState_(tr("Opening your planner…")),
-      noteDate_(platform.clock.now()), noteKey_(planner::dates::dayID(noteDate_, platform.clock.calendar())),
-      today_(noteKey_), settings_(std::make_unique<SettingsModel>(platform)),
+      noteDate_(platform.clock.now()), settings_(std::make_unique<SettingsModel>(platform)),
       focus_(std::make_unique<FocusController>(platform.clock)),
       calendar_(std::make_unique<CalendarService>(platform.events, platform.clock)),
       reminders_(std::make_unique<ReminderService>(platform.notifications, platform.clock)),

@@ -47,7 +47,7 @@ class AppModel : public QObject {
     Q_PROPERTY(bool canUndoDelete READ canUndoDelete NOTIFY canUndoDeleteChanged)
     /// Rises each time the workspace is asked to put the keyboard into the add field.
     Q_PROPERTY(int focusRequest READ focusRequest NOTIFY focusRequestChanged)
-    /// The key of the day whose note is being edited, "2026-03-07".
+    /// The key of the day whose note is being edited, "2026-03-07"; empty until ready.
     Q_PROPERTY(QString noteDay READ noteDay NOTIFY noteDayChanged)
     /// Whether the note's editor has the keyboard; the card says so. Such a note keeps its day at midnight.
     Q_PROPERTY(bool editingNote READ editingNote WRITE setEditingNote NOTIFY editingNoteChanged)

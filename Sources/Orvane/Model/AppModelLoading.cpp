@@ -64,6 +64,8 @@ void AppModel::openStore(std::filesystem::path folder) {
 }
 
 void AppModel::adopt(Opening& opening) {
+    // Only now: the first calendar reads the list of all zones, which would hold up the first frame.
+    if (noteKey_.empty()) today_ = noteKey_ = dayKey(noteDate_);
     repository_ = std::move(opening.repository);
     snapshot_ = std::move(opening.snapshot);
     durableTasks_ = snapshot_.tasks;
