@@ -277,6 +277,8 @@ class PlannerTest(unittest.TestCase):
         for program in self.programs:
             program.kill()
         self.home.remove()
+        complaints = [line for program in self.programs for line in program.output().splitlines() if "qrc:/" in line]
+        self.assertEqual([], complaints, "a view found something missing")
 
     def _leave_picture(self):
         folder = Path(tempfile.gettempdir()) / f"orvane-failures-{os.geteuid()}"
