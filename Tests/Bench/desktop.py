@@ -41,6 +41,8 @@ class Portal:
 
     @staticmethod
     def _export(connection, _name):
+        # The bus ends before this process does.
+        connection.set_exit_on_close(False)
         interface = Gio.DBusNodeInfo.new_for_xml(PORTAL).interfaces[0]
 
         def answer(_connection, _sender, _path, _interface, _method, arguments, invocation):
