@@ -34,7 +34,9 @@ def fill(folder):
             pass
 
 
-class FullDisk(PlannerTest):
+class SmallDisk(PlannerTest):
+    """A planner with one stored task, on a small file system of its own."""
+
     def setUp(self):
         super().setUp()
         run("mount", "-t", "tmpfs", "-o", "size=2m,mode=0700", "tmpfs", str(self.home.data))
@@ -44,7 +46,10 @@ class FullDisk(PlannerTest):
         self.orvane.focus_add_field()
         self.orvane.add("Before")
         self.orvane.wait_saved()
+        self.orvane.wait_stored("Before")
 
+
+class FullDisk(SmallDisk):
     def test_the_edit_is_kept_and_saved_once_there_is_room(self):
         fill(self.home.data)
         self.orvane.add("While full")

@@ -4,24 +4,16 @@ import os
 from pathlib import Path
 
 from harness import Keyboard, main, run, screenshot_at_rest, wait_until
-from planner import PlannerTest
-from test_full_disk import fill, with_mounts_of_our_own
+from test_full_disk import SmallDisk, fill, with_mounts_of_our_own
 
 QUESTION = "Some changes haven’t been saved."
 INFORMATIVE = ("Keep Orvane open to retry or export a backup. Quitting now loses changes that are only in "
                "memory.")
 
 
-class QuitGuard(PlannerTest):
+class QuitGuard(SmallDisk):
     def setUp(self):
         super().setUp()
-        run("mount", "-t", "tmpfs", "-o", "size=2m,mode=0700", "tmpfs", str(self.home.data))
-        self.addCleanup(run, "umount", "--lazy", str(self.home.data))
-        self.orvane = self.started()
-        self.orvane.open()
-        self.orvane.focus_add_field()
-        self.orvane.add("Before")
-        self.orvane.wait_stored("Before")
         fill(self.home.data)
         self.orvane.add("While full")
         self.orvane.wait_for("Not saved")

@@ -56,7 +56,7 @@ CASES = [
     ("tests_never_sleep", "Tests/Orvane/XTests.cpp", "QTest::qWait(100);\n", "Tests/Orvane/XTests.cpp",
      "QTRY_VERIFY(done);\n"),
     ("tests_never_sleep", "Tests/EndToEnd/x.py", "time" ".sleep(1)\n", "Tests/EndToEnd/harness.py", "time" ".sleep(1)\n"),
-    ("the_tree_speaks_for_itself", MODEL, "// See the Specificatio" + "n.\n", MODEL, "// XDG Base Directory Specification\n"),
+    ("the_tree_speaks_for_itself", MODEL, "// See the Specificatio" + "n.\n", MODEL, "// XDG Base Directory Specificatio" + "n\n"),
     ("the_tree_speaks_for_itself", "README.md", "As Part 2" + ".4 says\n", "README.md", "Part of the store\n"),
     ("the_tree_speaks_for_itself", "tools/x", "cd /wor" + "k/main\n", "tools/x", "cd framework/main\n"),
     ("files_stay_short", MODEL, "\n" * (house_rules.MAX_CPP_LINES + 1), MODEL, "\n" * house_rules.MAX_CPP_LINES),

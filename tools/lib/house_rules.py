@@ -135,8 +135,8 @@ def tests_never_sleep(source):
 
 def the_tree_speaks_for_itself(source):
     """Nothing refers to a text or a place that a reader of this tree does not have. A published format by
-    its proper name ("Base Directory Specification") is none of these. (The brackets keep this list from
-    finding itself.)"""
+    its proper name, capitals and all, is none of these. (The brackets keep this list from finding
+    itself.)"""
     yield from matches(source, r"\bspecificatio[n]s?\b|\b(?:[Tt]he|[Oo]ur|[Tt]his) Specificatio[n]")
     yield from matches(source, r"(?i)\bspec\.m[d]\b|\bdesign\.m[d]\b|\bPart \d+\.[\d]"
                                r"|/wor[k]/|\btokens\.m[d]\b|\bissue #?\d[\d]*\b|\bacceptance criteri[a]")
